@@ -1,0 +1,4 @@
+#pragma once
+#include "cmake/pch_core.h"
+
+#include <QtWidgets>
