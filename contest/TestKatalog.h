@@ -67,8 +67,8 @@ struct Test {
     MenyVal meny = MenyVal::Ingen;
 
     // The grids.
-    int dgLoggHöjd = 6825; ///< in twips
-    bool prefixLogg = false; ///< Initiera_dgLogg1 and rsMultiplar in dgMulti, else Initiera_dgLogg2 and rsDiplom
+    int dgLoggHöjd = 6825;   ///< in twips
+    bool prefixLogg = false; ///< Initiera_dgLogg1, rsMultiplar in dgMulti; else Initiera_dgLogg2, rsDiplom
     std::optional<LoggKolumn> loggKolumn{}; ///< set by RensaTest
 
     // The tab orders, field names by tab index from 0; empty: unchanged.

@@ -105,8 +105,8 @@ Ställning RäknaRutor(double sumPoäng, qsizetype antalRader, qsizetype antalDi
 Ställning RäknaMultiplar(double sumPoäng, qsizetype antalRader, qsizetype antalMultiplar,
                          qsizetype antalDiplom);
 
-/// The counter of a contest. @return nothing for a contest without one: its board shows zero points and keeps
-/// the two counts. @throws platform::Failure as the counters
+/// The counter of a contest. @return nothing for a contest without one: lblTotalPoäng and lblQSOPoäng then
+/// become 0 and nothing else changes. @throws platform::Failure as the counters
 std::optional<Ställning> Räkna(PoängRegel regel, const LoggAntal& antal, const QString& rutPoäng);
 
 // The two points of a square, in contests 3, 4 and 5 when a row is deleted.
