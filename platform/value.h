@@ -12,17 +12,27 @@ public:
     enum class Kind : quint8 { Null, Text, Number };
 
     Value() = default;
-    Value(QString text) : kind_(Kind::Text), text_(std::move(text)) {}          // NOLINT(google-explicit-constructor)
-    Value(const char* text) : Value(QString::fromUtf8(text)) {}                 // NOLINT(google-explicit-constructor)
-    Value(double number) : kind_(Kind::Number), number_(number) {}              // NOLINT(google-explicit-constructor)
-    Value(int number) : Value(static_cast<double>(number)) {}                   // NOLINT(google-explicit-constructor)
-    Value(qlonglong number) : Value(static_cast<double>(number)) {}             // NOLINT(google-explicit-constructor)
+    Value(QString text)
+        : kind_(Kind::Text)
+        , text_(std::move(text)) {} // NOLINT(google-explicit-constructor)
+    Value(const char* text)
+        : Value(QString::fromUtf8(text)) {} // NOLINT(google-explicit-constructor)
+    Value(double number)
+        : kind_(Kind::Number)
+        , number_(number) {} // NOLINT(google-explicit-constructor)
+    Value(int number)
+        : Value(static_cast<double>(number)) {} // NOLINT(google-explicit-constructor)
+    Value(qlonglong number)
+        : Value(static_cast<double>(number)) {} // NOLINT(google-explicit-constructor)
 
     Kind kind() const { return kind_; }
     bool isNull() const { return kind_ == Kind::Null; }
 
     /// The text as it is shown: a whole number without decimals, null as the empty text.
     QString text() const;
+
+    /// The stored text without a copy; empty if this is no text.
+    const QString& rawText() const { return text_; }
 
     /// The number. @throws Failure if the value is null or a text that is not a number.
     double number() const;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/cursor.h"
+
+#include <map>
+
+namespace platform {
+
+struct Connection::Impl {
+    Impl(const QString& filePath, Durability durability)
+        : path(filePath)
+        , database(filePath, durability) {}
+
+    /// The image of the table, shared by all cursors that are open on it. @throws Failure if unknown
+    std::shared_ptr<TableImage> image(const QString& table);
+
+    QString path;
+    Database database;
+    // Behind the pool, so that it outlives all rows.
+    CellPool pool;
+    std::map<QString, std::weak_ptr<TableImage>> images;
+    std::vector<Recordset::Impl*> recordsets;
+};
+
+struct Recordset::Impl {
+    ~Impl() { close(); }
+
+    /// The open cursor. @throws Failure if there is none
+    Cursor& open() const;
+    void close();
+    /// Runs an operation and tells the listener, also of what a failed one has changed.
+    template <class Operation>
+    void act(Operation operation);
+    void tell();
+
+    Connection::Impl* connection = nullptr;
+    std::unique_ptr<Cursor> cursor;
+    std::function<void()> changed;
+    bool isTelling = false;
+};
+
+} // namespace platform

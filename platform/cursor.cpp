@@ -1,0 +1,212 @@
+#include "platform/cursor.h"
+
+#include "platform/failure.h"
+#include "platform/selecttext.h"
+
+#include <algorithm>
+
+namespace platform {
+
+Cursor::Cursor(std::unique_ptr<RowSource> source, Database& database, CellPool& pool, bool isReadOnly)
+    : database_(database)
+    , pool_(pool)
+    , source_(std::move(source))
+    , isReadOnly_(isReadOnly)
+    , rows_(source_->naturalOrder())
+    , view_(rows_) {
+    requery();
+}
+
+void Cursor::requery() {
+    source_->image().sync();
+    source_->refresh(rows_);
+    view_.reset();
+    moveFirst();
+}
+
+void Cursor::setFilter(const QString& text) {
+    std::optional<Filter> filter;
+    if (!text.trimmed().isEmpty()) {
+        filter = Filter::parse(
+            text, [this](const QString& name) { return column(name); }, pool_);
+    }
+    view_.setFilter(std::move(filter));
+    filterText_ = text.trimmed().isEmpty() ? QString() : text;
+    moveFirst();
+}
+
+void Cursor::setSort(const QString& text) {
+    SortKeys keys;
+    for (const SortTerm& term : parseSort(text)) {
+        const int index = fieldIndex(term.column);
+        keys.push_back({fields()[static_cast<size_t>(index)].column.cell, term.isDescending});
+    }
+    view_.setOrder(std::move(keys));
+    sortText_ = text.trimmed().isEmpty() ? QString() : text;
+    moveFirst();
+}
+
+/// Finds the first visible row when it comes to matter; a filter that is only counted never sorts its hits.
+void Cursor::settle() const {
+    if (place_ != Place::First || current_) return;
+    const RowSpan visible = view_.rows();
+    if (visible.empty()) return;
+    current_ = RowRef(visible.front());
+    place_ = Place::Row;
+    hint_ = 0;
+}
+
+bool Cursor::isBof() const {
+    if (place_ == Place::Row || place_ == Place::New) return false;
+    return place_ == Place::Bof || view_.count() == 0;
+}
+
+bool Cursor::isEof() const {
+    if (place_ == Place::Row || place_ == Place::New) return false;
+    return place_ == Place::Eof || view_.count() == 0;
+}
+
+void Cursor::moveFirst() {
+    place_ = Place::First;
+    current_ = RowRef();
+}
+
+void Cursor::moveLast() { goToPlace(std::max<qsizetype>(view_.count() - 1, 0)); }
+
+void Cursor::moveNext() {
+    if (isEof()) throw Failure(QStringLiteral("Det finns ingen nästa rad."));
+    settle();
+    switch (place_) {
+    case Place::Bof: moveFirst(); break;
+    case Place::Row: {
+        const qsizetype place = currentPlace();
+        const RowSpan visible = view_.rows();
+        const bool isVisible = place < static_cast<qsizetype>(visible.size()) &&
+                               visible[static_cast<size_t>(place)] == current_.get();
+        goToPlace(isVisible ? place + 1 : place);
+        break;
+    }
+    default: goToPlace(view_.count()); break;
+    }
+}
+
+void Cursor::movePrevious() {
+    if (isBof()) throw Failure(QStringLiteral("Det finns ingen föregående rad."));
+    settle();
+    goToPlace((place_ == Place::Row ? currentPlace() : view_.count()) - 1);
+}
+
+void Cursor::find(const QString& criterion) {
+    const Filter wanted = Filter::parseSingle(
+        criterion, [this](const QString& name) { return column(name); }, pool_);
+    settle();
+    const RowSpan visible = view_.rows();
+    qsizetype begin = 0;
+    if (place_ == Place::Row) begin = currentPlace();
+    if (place_ == Place::New || place_ == Place::Eof) begin = view_.count();
+    // The row that is current though the filter hides it is the first to be looked at.
+    if (place_ == Place::Row && wanted.matches(*current_)) return;
+    const auto found = std::find_if(visible.begin() + begin, visible.end(),
+                                    [&](const Row* row) { return wanted.matches(*row); });
+    goToPlace(found - visible.begin());
+}
+
+qsizetype Cursor::currentPlace() const {
+    const RowSpan visible = view_.rows();
+    if (hint_ >= static_cast<qsizetype>(visible.size()) ||
+        visible[static_cast<size_t>(hint_)] != current_.get()) {
+        hint_ = view_.place(*current_);
+    }
+    return hint_;
+}
+
+void Cursor::goToPlace(qsizetype place) {
+    const RowSpan visible = view_.rows();
+    current_ = RowRef();
+    if (visible.empty()) {
+        place_ = Place::First;
+    } else if (place < 0) {
+        place_ = Place::Bof;
+    } else if (place >= static_cast<qsizetype>(visible.size())) {
+        place_ = Place::Eof;
+    } else {
+        goTo(RowRef(visible[static_cast<size_t>(place)]));
+        hint_ = place;
+    }
+}
+
+void Cursor::goTo(const RowRef& row) {
+    current_ = row;
+    place_ = Place::Row;
+}
+
+qsizetype Cursor::position() const {
+    settle();
+    if (place_ != Place::Row) return -1;
+    const qsizetype place = currentPlace();
+    const RowSpan visible = view_.rows();
+    const bool isVisible = place < static_cast<qsizetype>(visible.size()) &&
+                           visible[static_cast<size_t>(place)] == current_.get();
+    return isVisible ? place : -1;
+}
+
+void Cursor::setPosition(qsizetype row) {
+    if (row < 0 || row >= view_.count()) throw Failure(QStringLiteral("Raden %1 finns inte.").arg(row));
+    goToPlace(row);
+}
+
+const RowRef& Cursor::currentRow() const {
+    settle();
+    if (place_ != Place::Row) throw Failure(QStringLiteral("Det finns ingen aktuell rad."));
+    return current_;
+}
+
+qint64 Cursor::rowId() const { return currentRow()->id; }
+
+void Cursor::goToRow(qint64 id) {
+    const RowRef row = rows_.find(id);
+    if (!row) throw Failure(QStringLiteral("Raden finns inte längre."));
+    goTo(row);
+}
+
+std::optional<Column> Cursor::column(const QString& name) const {
+    return fields()[static_cast<size_t>(fieldIndex(name))].column;
+}
+
+int Cursor::fieldIndex(const QString& name) const {
+    // The same few spellings come again and again.
+    const auto known = fieldIndexes_.constFind(name);
+    if (known != fieldIndexes_.constEnd()) return *known;
+    const QString folded = name.toCaseFolded();
+    const auto found = std::find_if(fields().begin(), fields().end(), [&](const RowSource::Field& field) {
+        return field.name.toCaseFolded() == folded;
+    });
+    if (found == fields().end()) throw Failure(QStringLiteral("Okänd kolumn: %1").arg(name));
+    return *fieldIndexes_.insert(name, static_cast<int>(found - fields().begin()));
+}
+
+bool Cursor::isOnEdit() const {
+    if (!edit_) return false;
+    if (!edit_->row) return place_ == Place::New;
+    settle();
+    return place_ == Place::Row && current_->id == edit_->row->id;
+}
+
+const Value& Cursor::field(int index) const {
+    const auto cell = static_cast<size_t>(fields().at(static_cast<size_t>(index)).column.cell);
+    if (isOnEdit()) return edit_->cells[cell]->value;
+    return currentRow()->cells[cell]->value;
+}
+
+const Value& Cursor::at(qsizetype row, int field) const {
+    const auto cell = static_cast<size_t>(fields().at(static_cast<size_t>(field)).column.cell);
+    return view_.rows()[static_cast<size_t>(row)]->cells[cell]->value;
+}
+
+double Cursor::sum(int field) const {
+    const Column column = fields().at(static_cast<size_t>(field)).column;
+    if (!column.isNumber) throw Failure(QStringLiteral("Bara talkolumner kan summeras."));
+    return rows_.sum(column.cell);
+}
+
+} // namespace platform

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "platform/rowsource.h"
+#include "platform/view.h"
+
+#include <QHash>
+
+namespace platform {
+
+/// One open recordset: the snapshot, what is visible of it, the current row and the pending edit.
+class Cursor {
+public:
+    /// @throws Failure as Recordset::Open
+    Cursor(std::unique_ptr<RowSource> source, Database& database, CellPool& pool, bool isReadOnly);
+
+    void requery();
+    void setFilter(const QString& text);
+    const QString& filter() const { return filterText_; }
+    void setSort(const QString& text);
+    const QString& sort() const { return sortText_; }
+
+    bool isBof() const;
+    bool isEof() const;
+    qsizetype count() const { return view_.count(); }
+    void moveFirst();
+    void moveLast();
+    void moveNext();
+    void movePrevious();
+    void find(const QString& criterion);
+    qsizetype position() const;
+    void setPosition(qsizetype row);
+    /// Id of the current row. @throws Failure without one
+    qint64 rowId() const;
+    void goToRow(qint64 id);
+
+    const std::vector<RowSource::Field>& fields() const { return source_->fields(); }
+    /// @throws Failure for an unknown name
+    int fieldIndex(const QString& name) const;
+    const Value& field(int index) const;
+    const Value& at(qsizetype row, int field) const;
+    double sum(int field) const;
+
+    void setField(int index, const Value& value);
+    void addNew();
+    bool isEditing() const { return edit_.has_value(); }
+    void cancel();
+    void erase();
+
+    /// Writes the pending rows of several cursors of one database in one transaction. Cursors without an
+    /// edit, or with one that changes nothing, have nothing written.
+    /// @throws Failure as Recordset::Update
+    static void write(Database& database, const std::vector<Cursor*>& cursors);
+    Database& database() const { return database_; }
+
+private:
+    /// A row that is not what this cursor has read.
+    struct Conflict {
+        Cursor* cursor;
+        RowRef row;
+    };
+    struct Edit {
+        /// The row that is edited, none for a new one.
+        RowRef row;
+        std::vector<CellRef> cells;
+        /// The row that was current before AddNew.
+        RowRef before;
+        bool changesAnything() const { return !row || row->cells != cells; }
+    };
+    /// First: on the first visible row, which need not be known yet. New: on the row being added.
+    enum class Place { First, Row, New, Bof, Eof };
+
+    void settle() const;
+    const RowRef& currentRow() const;
+    bool isOnEdit() const;
+    void goTo(const RowRef& row);
+    void goToPlace(qsizetype place);
+    /// Place of the current row among the visible ones, or the one behind it if it is hidden.
+    qsizetype currentPlace() const;
+    std::optional<Column> column(const QString& name) const;
+    CellRef cellFor(int index, const Value& value) const;
+    void requireWritable() const;
+
+    void requireUnchanged(const RowRef& row);
+    RowRef writeEdit();
+    void takeOver(const RowRef& before, const RowRef& after);
+    void finishEdit(const RowRef& written);
+    void readAgain(const RowRef& row);
+
+    Database& database_;
+    CellPool& pool_;
+    std::unique_ptr<RowSource> source_;
+    bool isReadOnly_;
+    RowSet rows_;
+    View view_;
+    QString filterText_;
+    QString sortText_;
+    mutable QHash<QString, int> fieldIndexes_;
+
+    mutable Place place_ = Place::First;
+    mutable RowRef current_;
+    mutable qsizetype hint_ = 0;
+    std::optional<Edit> edit_;
+};
+
+} // namespace platform

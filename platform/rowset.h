@@ -1,0 +1,91 @@
+#pragma once
+
+#include "platform/cells.h"
+
+#include <array>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+
+namespace platform {
+
+struct SortKey {
+    int cell = 0;
+    bool isDescending = false;
+    friend auto operator<=>(const SortKey&, const SortKey&) = default;
+};
+using SortKeys = std::vector<SortKey>;
+
+/// Rows that someone else holds.
+using RowList = std::vector<const Row*>;
+using RowSpan = std::span<const Row* const>;
+
+/// The rows of one cursor's snapshot with the orders and indexes that were asked for. Those are built when
+/// first needed and then kept up to date from change to change.
+class RowSet {
+public:
+    /// @param natural the order in which rows stand that no sort tells apart; by id when it is empty
+    explicit RowSet(SortKeys natural = {});
+
+    /// Replaces all rows. @pre they are in natural order
+    void assign(std::vector<RowRef> rows);
+    /// Takes one row out and puts another in; either may be none.
+    void replace(const RowRef& before, const RowRef& after);
+
+    qsizetype size() const { return static_cast<qsizetype>(rows_.size()); }
+    const std::vector<RowRef>& rows() const { return rows_; }
+    /// The row with the id, none if there is none.
+    RowRef find(qint64 id) const;
+
+    /// All rows in the order of the keys.
+    const RowList& ordered(const SortKeys& keys) const;
+    /// Whether a comes before b in that order; no two rows are equal in it.
+    bool isBefore(const SortKeys& keys, const Row& a, const Row& b) const;
+    /// Where the row stands in a list in that order, or would.
+    qsizetype place(const SortKeys& keys, RowSpan list, const Row& row) const;
+
+    /// Columns and the keys wanted in them.
+    static constexpr size_t kIndexColumns = 4;
+    struct Wanted {
+        std::vector<int> cells;
+        std::vector<const Key*> keys;
+    };
+    /// The rows that have the keys, in natural order. @pre 1 to kIndexColumns ascending cells
+    RowSpan matching(const Wanted& wanted) const;
+    /// The rows whose text in the column begins so, in the order of that column.
+    RowSpan beginning(int cell, const QString& prefix) const;
+
+    /// Sum of a column. @throws Failure if a value is not a number.
+    double sum(int cell) const;
+
+private:
+    using KeyTuple = std::array<const Key*, kIndexColumns>;
+    struct TupleHash {
+        size_t operator()(const KeyTuple& tuple) const;
+    };
+    using Index = std::unordered_map<KeyTuple, RowList, TupleHash>;
+    struct Total {
+        double whole = 0;
+        qsizetype fractions = 0;
+        qsizetype notNumbers = 0;
+        void count(const Key& key, int sign);
+    };
+
+    static KeyTuple tuple(const std::vector<int>& cells, const Row& row);
+    RowList build(const SortKeys& keys) const;
+    void replaceInOrder(const SortKeys& keys, RowList& list, const Row* before, const Row* after) const;
+    void replaceInIndex(const std::vector<int>& cells, Index& index, const Row* before,
+                        const Row* after) const;
+    void replaceOwned(const RowRef& before, const RowRef& after);
+    int compare(const SortKeys& keys, const Row& a, const Row& b) const;
+
+    SortKeys natural_;
+    std::vector<RowRef> rows_;
+    // Filled by need; what they hold follows from the rows.
+    mutable std::map<SortKeys, RowList> orders_;
+    mutable std::map<std::vector<int>, Index> indexes_;
+    mutable std::map<int, Total> totals_;
+};
+
+} // namespace platform
