@@ -22,10 +22,11 @@ that begins with it; a whole call cannot be told from a longer one. What follows
   the USA (97 of 97 such calls in the contest list), the calls known from Guantánamo are whole keys.
 * Whole calls ("=" in the country file) are keys where country, continent or zone differ. One that an ordinary
   call can begin with (one or two letters behind the digit) gets 26 guards, the call and each letter, with the
-  row such longer calls had without it. That is 27 rows for one station, so it is done for the stations of the
-  contest list and for countries that have no plain prefix; the rest, 3400 calls not heard in contests, would
-  bring 90000 rows. A-series calls of the USA are never longer than two letters and need no guard; special
-  calls with several digits or four letters need none either.
+  row such longer calls had without it. That is 27 rows for one station. It is done for every station of the
+  contest list, and without being there for every change of country but two: calls of Alaska, Hawaii, Guam,
+  Puerto Rico and the like whose holders live on the mainland now, and British special event calls. Those, and
+  zones within a country, would bring 60000 rows more for stations not heard in contests. Special calls with
+  several digits or four letters need no guard.
 * Not taken: the file's version mark, and whole calls that end in their digit (TX9), which are blocks.
 
 Sweden has a key with each district digit; the program reads the district from the key's third character.
@@ -60,10 +61,13 @@ SVENSKA_DISTRIKT = {
 }
 SVERIGE = "284"
 USA = "291"
+USA_UTANFÖR = set("6 9 20 43 103 105 110 123 138 166 174 182 197 202 285 297 515".split())
 
 # Prefix (A1, 1A, AA, 1AA or A), one digit, one or two letters: an ordinary call may go on with a letter here.
 KAN_FORTSÄTTA = re.compile(r"(?:[A-Z]{1,2}|[A-Z][0-9]|[0-9][A-Z]{1,2})[0-9][A-Z]{1,2}")
-USA_A_SERIEN = re.compile(r"A[A-L][0-9][A-Z]{2}")
+# ... but not these: A-series calls of the USA and Italian clubs have two letters at most, and TO and TX are given
+# out call by call to French islands, so that what stands behind France's own row there is nothing to guard.
+FORTSÄTTER_INTE = re.compile(r"(?:A[A-L]|IQ)[0-9][A-Z]{2}|T[OX].*")
 DEL = re.compile(r"\((\d+)\)|\[(\d+)\]|\{(\w+)\}|<([-.\d]+)/([-.\d]+)>|~([-.\d]+)~")
 
 
@@ -211,12 +215,21 @@ def lägg_sverige(tabell):
 
 def kan_fortsätta(anrop):
     """Whether an ordinary call can be this one with a letter more."""
-    return bool(KAN_FORTSÄTTA.fullmatch(anrop)) and not USA_A_SERIEN.fullmatch(anrop)
+    return bool(KAN_FORTSÄTTA.fullmatch(anrop)) and not FORTSÄTTER_INTE.fullmatch(anrop)
 
 
 def är_anrop(text):
     """Whether a whole call of the country file is a call: no version mark, no block that ends in its digit."""
     return "/" in text or text == "RAEM" or (text[-1].isalpha() and any(t.isdigit() for t in text))
+
+
+def lönar_sig_ej(utan, nyckel, rad):
+    """Whether a call that needs guards is of a kind that brings more rows than contacts: see the top."""
+    förut = sök(utan, nyckel)
+    if not förut:
+        return False
+    bas = utan[förut].kod
+    return nyckel.startswith("GB") or bas == rad.kod or (bas in USA_UTANFÖR and rad.kod == USA)
 
 
 def lägg_vakter(tabell, utan, nyckel):
@@ -232,13 +245,12 @@ def lägg_anrop(tabell, anrop, aktiva):
 
     @return the calls that were left out though they differ
     """
-    egna = {rad.kod for rad in tabell.values()}
     utan = dict(tabell)
     lämnade = []
     for nyckel in sorted(anrop, key=lambda a: (len(a), a)):
         if not är_anrop(nyckel) or besked(tabell, nyckel) == anrop[nyckel].besked():
             continue
-        if kan_fortsätta(nyckel) and nyckel not in aktiva and anrop[nyckel].kod in egna:
+        if kan_fortsätta(nyckel) and nyckel not in aktiva and lönar_sig_ej(utan, nyckel, anrop[nyckel]):
             lämnade.append(nyckel)
             continue
         tabell[nyckel] = anrop[nyckel]
