@@ -26,40 +26,42 @@ std::string InsertSats(const std::string& tabell, int kolumner) {
 
 } // namespace
 
+void Databas::Stängare::operator()(sqlite3* db) const { sqlite3_close(db); }
+
 Databas::Databas(std::filesystem::path fil)
     : fil_(std::move(fil))
     , delfil_(fil_) {
     delfil_ += ".del";
     std::filesystem::remove(delfil_);
-    if (sqlite3_open(delfil_.c_str(), &db_) != SQLITE_OK) {
-        sqlite3_close(db_);
-        throw Byggfel(delfil_.string() + ": kan inte skapas");
-    }
+    sqlite3* öppnad = nullptr;
+    const int svar = sqlite3_open(delfil_.c_str(), &öppnad);
+    db_.reset(öppnad); // to be closed even when it could not be opened
+    if (svar != SQLITE_OK) throw Byggfel(delfil_.string() + ": kan inte skapas");
     // A journal would only guard a file that is thrown away when the build fails.
     Utför("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN");
 }
 
 Databas::~Databas() {
-    if (db_ == nullptr) return;
-    sqlite3_close(db_);
+    if (!db_) return;
+    db_.reset();
     std::error_code ignorerat;
     std::filesystem::remove(delfil_, ignorerat);
 }
 
-void Databas::Fel(const std::string& vad) { throw Byggfel(vad + ": " + sqlite3_errmsg(db_)); }
+void Databas::Fel(const std::string& vad) { throw Byggfel(vad + ": " + sqlite3_errmsg(db_.get())); }
 
 void Databas::Utför(const std::string& sql) {
-    if (sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fel(fil_.string());
+    if (sqlite3_exec(db_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fel(fil_.string());
 }
 
 void Databas::Kör(const std::filesystem::path& sqlfil) {
-    if (sqlite3_exec(db_, LäsFil(sqlfil).c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_exec(db_.get(), LäsFil(sqlfil).c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         Fel(sqlfil.string());
 }
 
 int Databas::AntalKolumner(const std::string& tabell) {
     sqlite3_stmt* sats = nullptr;
-    if (sqlite3_prepare_v2(db_, ("SELECT * FROM \"" + tabell + "\"").c_str(), -1, &sats, nullptr) !=
+    if (sqlite3_prepare_v2(db_.get(), ("SELECT * FROM \"" + tabell + "\"").c_str(), -1, &sats, nullptr) !=
         SQLITE_OK)
         Fel(tabell);
     const Sats vakt(sats, sqlite3_finalize);
@@ -69,7 +71,7 @@ int Databas::AntalKolumner(const std::string& tabell) {
 void Databas::Lägg(const std::string& tabell, const std::vector<std::vector<std::string>>& rader) {
     const int kolumner = AntalKolumner(tabell);
     sqlite3_stmt* sats = nullptr;
-    if (sqlite3_prepare_v2(db_, InsertSats(tabell, kolumner).c_str(), -1, &sats, nullptr) != SQLITE_OK)
+    if (sqlite3_prepare_v2(db_.get(), InsertSats(tabell, kolumner).c_str(), -1, &sats, nullptr) != SQLITE_OK)
         Fel(tabell);
     const Sats vakt(sats, sqlite3_finalize);
     const std::string tom;
@@ -86,8 +88,7 @@ void Databas::Lägg(const std::string& tabell, const std::vector<std::vector<std
 
 void Databas::Klar() {
     Utför("COMMIT");
-    if (sqlite3_close(db_) != SQLITE_OK) Fel(fil_.string());
-    db_ = nullptr;
+    db_.reset();
     std::filesystem::rename(delfil_, fil_);
 }
 

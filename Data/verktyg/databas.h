@@ -3,6 +3,7 @@
 #include "csv.h"
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -34,13 +35,17 @@ public:
     void Klar();
 
 private:
+    struct Stängare {
+        void operator()(sqlite3* db) const;
+    };
+
     void Utför(const std::string& sql);
     int AntalKolumner(const std::string& tabell);
     [[noreturn]] void Fel(const std::string& vad);
 
     std::filesystem::path fil_;
     std::filesystem::path delfil_;
-    sqlite3* db_ = nullptr;
+    std::unique_ptr<sqlite3, Stängare> db_;
 };
 
 } // namespace databygge
