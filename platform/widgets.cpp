@@ -1,0 +1,171 @@
+#include "platform/widgets.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace platform {
+
+QChar UpperCase(QChar typed, const QLineEdit&) { return typed.toUpper(); }
+
+QChar UpperCaseNoBlank(QChar typed, const QLineEdit&) { return typed.isSpace() ? QChar() : typed.toUpper(); }
+
+QChar UpperCaseAtStart(QChar typed, const QLineEdit& field) {
+    const int caret = field.hasSelectedText() ? field.selectionStart() : field.cursorPosition();
+    return caret == 0 ? typed.toUpper() : typed;
+}
+
+// ---- TextBox ------------------------------------------------------------------------------------------
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
+    // What is pasted or composed passes the same filter as what is typed.
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) {
+        const QString mapped = Mapped(edited);
+        if (mapped == edited) return;
+        const int caret = cursorPosition() - static_cast<int>(edited.size() - mapped.size());
+        setText(mapped);
+        setCursorPosition(qMax(0, caret));
+    });
+}
+
+QString TextBox::Mapped(const QString& typed) const {
+    if (!keyPress_) return typed;
+    // A filter that looks at the caret is for single keys and leaves a whole text alone.
+    QString mapped;
+    for (const QChar c : typed)
+        if (const QChar m = keyPress_(c, *this); !m.isNull()) mapped += m;
+    return mapped;
+}
+
+void TextBox::OnChange(std::function<void()> change) {
+    connect(this, &QLineEdit::textChanged, this, [change = std::move(change)] { change(); });
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    const bool printable = typed.size() == 1 && typed[0].isPrint() &&
+                           !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!keyPress_ || !printable) return QLineEdit::keyPressEvent(event);
+    const QString mapped = Mapped(typed);
+    if (mapped.isEmpty()) return event->accept();
+    QKeyEvent changed(event->type(), event->key(), event->modifiers(), mapped, event->isAutoRepeat());
+    QLineEdit::keyPressEvent(&changed);
+}
+
+void TextBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    const auto reason = event->reason();
+    if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason) return;
+    if (selectAllOnFocus_ && reason != Qt::ActiveWindowFocusReason) {
+        selectAll();
+        selectOnRelease_ = reason == Qt::MouseFocusReason;
+    }
+    if (gotFocus_) gotFocus_();
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const auto reason = event->reason();
+    if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+        reason == Qt::ActiveWindowFocusReason)
+        return;
+    if (lostFocus_) lostFocus_();
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    // The press that brought the focus has set the caret; a drag has its own selection.
+    if (selectOnRelease_ && !hasSelectedText()) selectAll();
+    selectOnRelease_ = false;
+}
+
+// ---- ComboBox -----------------------------------------------------------------------------------------
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    setCompleter(nullptr);
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (index < 0 || !click_) return;
+        changed_ = true;
+        click_();
+    });
+    connect(this, &QComboBox::activated, this, [this](int) {
+        if (!changed_ && click_) click_();
+        changed_ = false;
+    });
+}
+
+void ComboBox::Clear() {
+    clear();
+    clearEditText();
+    changed_ = false;
+}
+
+void ComboBox::Locked(bool locked) {
+    locked_ = locked;
+    lineEdit()->setReadOnly(locked);
+}
+
+void ComboBox::OnClick(std::function<void()> click) { click_ = std::move(click); }
+
+void ComboBox::showPopup() {
+    changed_ = false;
+    if (!locked_) QComboBox::showPopup();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event) {
+    if (locked_) return event->ignore();
+    changed_ = false;
+    QComboBox::keyPressEvent(event);
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event) {
+    // A wheel that passes over the form must not change band or mode in the middle of a contact.
+    if (locked_ || !hasFocus()) return event->ignore();
+    changed_ = false;
+    QComboBox::wheelEvent(event);
+}
+
+// ---- ClickLabel ---------------------------------------------------------------------------------------
+
+void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
+    QLabel::mouseReleaseEvent(event);
+    if (click_ && rect().contains(event->pos())) click_();
+}
+
+// ---- FlexGrid -----------------------------------------------------------------------------------------
+
+FlexGrid::FlexGrid(QWidget* parent) : QTableWidget(parent) {
+    horizontalHeader()->hide();
+    verticalHeader()->hide();
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+}
+
+void FlexGrid::Clear(int rows, int columns) {
+    setRowCount(rows);
+    setColumnCount(columns);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column) Cell(row, column, QString());
+}
+
+void FlexGrid::Cell(int row, int column, const QString& text, const QColor& colour) {
+    QTableWidgetItem* cell = item(row, column);
+    if (!cell) {
+        cell = new QTableWidgetItem;
+        cell->setTextAlignment(Qt::AlignCenter);
+        setItem(row, column, cell);
+    }
+    if (cell->text() != text) cell->setText(text);
+    const QBrush brush = colour.isValid() ? QBrush(colour) : QBrush();
+    if (cell->foreground() != brush) cell->setForeground(brush);
+}
+
+QString FlexGrid::Cell(int row, int column) const {
+    const QTableWidgetItem* cell = item(row, column);
+    return cell ? cell->text() : QString();
+}
+
+} // namespace platform

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+
+#include <functional>
+
+namespace platform {
+
+/// Changes one typed character; a null character swallows it.
+using KeyPress = std::function<QChar(QChar typed, const QLineEdit& field)>;
+
+/// A one-line text field with the four events the procedures hang on.
+class TextBox : public QLineEdit {
+public:
+    explicit TextBox(QWidget* parent = nullptr);
+
+    /// Set for what is typed, character by character, before it stands in the field.
+    void OnKeyPress(KeyPress keyPress) { keyPress_ = std::move(keyPress); }
+    /// After every change of the text, typed or set.
+    void OnChange(std::function<void()> change);
+    /// The field has received the focus.
+    void OnGotFocus(std::function<void()> gotFocus) { gotFocus_ = std::move(gotFocus); }
+    /// The focus has gone to another control of the program. Not for a menu, a popup or another program.
+    void OnLostFocus(std::function<void()> lostFocus) { lostFocus_ = std::move(lostFocus); }
+    /// Focus by key, code or mouse selects the whole text, so that typing replaces it.
+    void SelectAllOnFocus() { selectAllOnFocus_ = true; }
+
+    /// True: Tab stops here. The mouse reaches the field either way.
+    void TabStop(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
+    bool TabStop() const { return (focusPolicy() & Qt::TabFocus) != 0; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QString Mapped(const QString& typed) const;
+
+    KeyPress keyPress_;
+    std::function<void()> gotFocus_;
+    std::function<void()> lostFocus_;
+    bool selectAllOnFocus_ = false;
+    bool selectOnRelease_ = false;
+};
+
+/// Upper case while typing.
+QChar UpperCase(QChar typed, const QLineEdit& field);
+/// Upper case while typing, and no blanks.
+QChar UpperCaseNoBlank(QChar typed, const QLineEdit& field);
+/// Upper case only for a key typed with the caret at the very start of the text.
+QChar UpperCaseAtStart(QChar typed, const QLineEdit& field);
+
+/// A drop-down list with an editable text that can be locked: then it shows its text and nothing else.
+class ComboBox : public QComboBox {
+public:
+    explicit ComboBox(QWidget* parent = nullptr);
+
+    /// Empties list and text.
+    void Clear();
+    void Locked(bool locked);
+    bool Locked() const { return locked_; }
+    QString Text() const { return currentText(); }
+    void Text(const QString& text) { setEditText(text); }
+    /// A choice from the list, by the operator (the same entry too) or by code (a new one alone).
+    void OnClick(std::function<void()> click);
+
+    void showPopup() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    std::function<void()> click_;
+    bool locked_ = false;
+    bool changed_ = false;
+};
+
+/// A text or picture that answers a click.
+class ClickLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+    void OnClick(std::function<void()> click) { click_ = std::move(click); }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    std::function<void()> click_;
+};
+
+/// A small grid of texts without headers of its own: row 0 and column 0 are cells like all others.
+class FlexGrid : public QTableWidget {
+public:
+    explicit FlexGrid(QWidget* parent = nullptr);
+
+    /// Sets the size and empties every cell.
+    void Clear(int rows, int columns);
+    void Cell(int row, int column, const QString& text, const QColor& colour = {});
+    QString Cell(int row, int column) const;
+};
+
+/// Gives a widget its name for tests and its spoken name for accessibility tools.
+template <class W> W* Named(W* widget, const char* name) {
+    widget->setObjectName(QString::fromUtf8(name));
+    return widget;
+}
+
+} // namespace platform
