@@ -1,0 +1,124 @@
+#include "contest/frTest.h"
+
+#include "contest/DeladeVärden.h"
+#include "contest/Klocka.h"
+#include "contest/frSplashTest.h"
+#include "contest/frTestInst.h"
+#include "contest/frTestVal.h"
+#include "platform/application.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/paths.h"
+#include "platform/windows.h"
+#include "store/Databaser.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+
+using platform::Twips;
+
+frTest::frTest() {
+    ByggFönster();
+    ByggMenyer();
+    KopplaFormulär();
+    KopplaKnappar();
+    KopplaMenyer();
+}
+
+frTest::~frTest() = default;
+
+frTest& frTest::instans() { return platform::SingleWindow<frTest>::get(); }
+
+void frTest::Ladda() {
+    frSplashTest::instans().VisaModalt();
+    platform::DoEvents();
+    ÖppnaDatabasar();
+    delat.TestLoggÖppen = false;
+    frTestInst::instans().LäsSVDIni();
+    AktiveraMenyer(delat.TestLoggÖppen);
+    TestTimer->Interval(1000);
+    delat.TabbstopRST = true;
+    delat.KlockaPå = true;
+    Initiera_Fönster();
+    SättRubrik(Produkt + QLatin1Char(' ') + Version);
+    Meny("mnuRadio_Av")->setChecked(true);
+    // At start the number is always 0; the other height stands here for a log of contest 6.
+    dgLogg->setMaximumHeight(delat.AktuelltTest == 6 ? Twips(3855) : QWIDGETSIZE_MAX);
+    Placera(QPoint(Twips(4680), Twips(380)));
+    lblV->setText(Version);
+    show();
+}
+
+void frTest::Placera(QPoint plats) {
+    // Where the screen is too small for the place or the size, the whole window counts for more than either.
+    const QRect skärm = screen()->availableGeometry();
+    if (width() >= skärm.width() || height() >= skärm.height()) return setWindowState(Qt::WindowMaximized);
+    move(qMin(plats.x(), skärm.right() - width()), qMin(plats.y(), skärm.bottom() - height()));
+}
+
+void frTest::Initiera_Fönster() {
+    // The start size in full where the screen has room for it.
+    const QSize önskad(Twips(19605), Twips(15000));
+    resize(önskad.boundedTo(screen()->availableGeometry().size()));
+    move(0, 0);
+    for (QLabel* tecken :
+         {lblNyttLand, lblNyttBand, lblDistrikt, lblMultipel, lblNyRuta, lblDubblett, lblNyIOTA})
+        tecken->hide();
+    const QDateTime nu = platform::Now();
+    txtLokalTid->setText(contest::TidText(nu));
+    SBarTest(1, QStringLiteral("Datum: ") + nu.date().toString(QStringLiteral("yyyy-MM-dd")));
+}
+
+void frTest::AktiveraMenyer(bool på) {
+    frmLogg->setEnabled(på);
+    for (const char* namn : {"mnuRedigera", "mnuDXCluster", "mnuRadio", "mnuRapport", "mnufönster"})
+        Meny(namn)->menu()->setEnabled(på);
+    for (QPushButton* knapp : {cmdVisa, cmdAvbryt, cmdSpara, cmdRadera}) knapp->setEnabled(på);
+    if (på) {
+        Meny("mnuInställning")->menu()->setEnabled(true);
+        return;
+    }
+    // Settings stay in reach with no log open. Keying menus are turned on by mode and contest alone.
+    for (const char* namn : {"mnuCW", "mnuDigital"}) Meny(namn)->menu()->setEnabled(false);
+}
+
+void frTest::SättRubrik(const QString& titel) {
+    setWindowTitle(titel + QStringLiteral("  TestSignal: ") + delat.OpSignal);
+}
+
+void frTest::SBarTest(int panel, const QString& text) { paneler_.at(static_cast<size_t>(panel - 1))->setText(text); }
+
+QString frTest::SBarTest(int panel) const { return paneler_.at(static_cast<size_t>(panel - 1))->text(); }
+
+const contest::Test& frTest::Test() const { return contest::TestFör(delat.AktuelltTest); }
+
+void frTest::StängAlltOchSpara() {
+    delat.ProgramAvslutas = true;
+    delat.LoggIgång = false;
+    frTestInst::instans().SparaSVDIni();
+    StängDatabasar();
+}
+
+void frTest::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (!platform::AskYesNo(QStringLiteral("Vill du verkligen avsluta Sorvik ?"), QStringLiteral("Sorvik"))) return;
+    // The log that may be open is left alone: its clocks are not written back at exit.
+    StängAlltOchSpara();
+    hide();
+    if (delat.NätverkAnsluten) delat.NätverkAnsluten = false;
+    platform::EndProcess(0);
+}
+
+void frTest::keyPressEvent(QKeyEvent* event) {
+    // The window's default and cancel buttons: keys that no field has taken for itself.
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (cmdSpara->isEnabled()) cmdSpara->click();
+        break;
+    case Qt::Key_Escape:
+        if (cmdAvbryt->isEnabled()) cmdAvbryt->click();
+        break;
+    default: QMainWindow::keyPressEvent(event);
+    }
+}

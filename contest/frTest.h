@@ -1,0 +1,188 @@
+#pragma once
+
+#include "contest/TestKatalog.h"
+#include "platform/datagrid.h"
+#include "platform/timer.h"
+#include "platform/widgets.h"
+
+#include <QGroupBox>
+#include <QMainWindow>
+#include <QPlainTextEdit>
+
+#include <map>
+
+/// The main window: entry form, score board, log and menus. It is the first thing loaded and the last to go.
+///
+/// The body is split by concern: frTest.cpp (life of the window), frTest_layout, frTest_meny,
+/// frTest_formulär (the entry form), frTest_spara (the two save chains), frTest_logg (log files),
+/// frTest_tavla (grids), frTest_klockor. What the call in the form means and what a contact is worth stands
+/// in store/.
+class frTest : public QMainWindow {
+public:
+    using Fält = platform::TextBox;
+    using Lista = platform::ComboBox;
+
+    frTest();
+    ~frTest() override;
+    static frTest& instans();
+
+    /// From nothing to an idle window: splash, databases, settings, timers. @throws platform::Failure
+    void Ladda();
+
+    // ---- the entry form -------------------------------------------------------------------------------
+    QGroupBox* frmLogg;
+    Fält *txtSignal, *txtRSTM, *txtRSTS, *txtLöpnrM, *txtLöpnrS, *txtDiplom, *txtFrekvens, *txtNamn, *txtNotering,
+        *txtLokator, *txtITUM, *txtZONM, *txtDatum;
+    /// Filled by the checks and read by the savers; never on screen.
+    Fält *txtDXCCNR, *txtPrefix, *txtNDXCC, *txtNRUTA, *txtDubblett, *txtRutor, *txtData;
+    Lista *cmbTrafik, *cmbBand, *cmbDiplom;
+    QLabel* lblTyp;
+    QPushButton *cmdSpara, *cmdAvbryt, *cmdVisa, *cmdRadera, *cmdVila, *cmdRensa;
+    QLabel *lblNyttLand, *lblNyttBand, *lblNyRuta, *lblMultipel, *lblDubblett, *lblDistrikt, *lblNyIOTA;
+
+    // ---- what the call is worth -----------------------------------------------------------------------
+    QLabel *lblLand, *lblKont, *lblDXCC, *lblTid, *lblRiktning, *lblAvstånd, *lblLängstaQSO;
+    QGroupBox* frmTQSO;
+    platform::DataGrid* dgTidigareQSO;
+    platform::FlexGrid *fgTestData1, *fgTestData2;
+
+    // ---- the score board ------------------------------------------------------------------------------
+    QLabel *lblQSO, *lblQSOPoäng, *lblTotalQSOPoäng, *lblMultiplar, *lblDiplom, *lblTotalPoäng;
+    QLabel *lblMultipelText, *lblDiplomText;
+    platform::DataGrid *dgLogg, *dgMulti, *dgDXCC;
+    Fält *txtAktiv, *txtVila, *txtLokalTid, *txtUTCTid;
+    QPlainTextEdit* txtInfo;
+    QLabel* lblV;
+    platform::ClickLabel* Image1;
+
+    // ---- digital contests -----------------------------------------------------------------------------
+    QGroupBox* frmDigital;
+    QPlainTextEdit *RXWindow, *TXWindow;
+
+    platform::Timer *TestTimer, *TimerAktiv, *TimerVila, *Timer_Wait;
+
+    /// A menu or menu entry by its name. @throws std::out_of_range
+    QAction* Meny(const char* namn) const { return menyer_.at(QString::fromUtf8(namn)); }
+
+    // ---- life of the window ---------------------------------------------------------------------------
+    void Initiera_Fönster();
+    void AktiveraMenyer(bool på);
+    void StängAlltOchSpara();
+    /// Text of a panel of the status bar, 1 to 4.
+    void SBarTest(int panel, const QString& text);
+    QString SBarTest(int panel) const;
+    void SättRubrik(const QString& titel);
+
+    // ---- log files ------------------------------------------------------------------------------------
+    /// A log is open, cursors and all. The flag alone survives a new log that was cancelled in its dialog.
+    bool HarLogg() const;
+    void NyTestLogg();
+    void ÖppnaTestLogg();
+    /// @throws platform::Failure
+    void VerkställÖppnaTestLogg();
+    void StängTestLogg();
+    /// Blanks the fields of the row that rsTESTQSO is adding. @throws platform::Failure
+    void TömTESTQSO();
+    void mnuArkiv_StängTestlogg_Click();
+    void mnuArkiv_ÖppnaTestlogg_Click();
+
+    // ---- the set-up of a contest ----------------------------------------------------------------------
+    void InitieraTest(int test);
+    void Initiera_Contest();
+
+    // ---- the entry form -------------------------------------------------------------------------------
+    void RensaTest();
+    void cmdSpara_Click();
+    void cmdAvbryt_Click();
+    void cmdVisa_Click();
+    void cmdRadera_Click();
+    void cmdRensa_Click();
+    void mnuRedigera_SparaQSO_Click();
+    void mnuRedigera_NollställLöpnr_Click();
+    void cmbTrafik_Click();
+    void txtSignal_Change();
+    void txtSignal_LostFocus();
+    void txtLöpnrM_LostFocus();
+    void txtLöpnrS_Change();
+    void txtDiplom_Change();
+    void txtDiplom_GotFocus();
+    void txtDiplom_LostFocus();
+    /// Fills the two lists with all modes and bands. Nobody calls it: the lists come with the contest.
+    void Initiera_Combo();
+    /// Nothing depends on it; it is kept for its name.
+    void KollaPrefix() {}
+    /// Tab orders 1 (calling CQ) and 2 (answering).
+    void Tabbföljd(int nummer);
+    void TabbstoppRST(bool på);
+    void TabbstoppLöpnr(bool på);
+    /// What leaving txtDiplom does, if it has not been done for the locator that stands there now.
+    void UppdateraAvstånd();
+
+    // ---- grids ----------------------------------------------------------------------------------------
+    void UppdateraTest();
+    void UppdateraBand();
+    void Initiera_fgTestData1();
+    void Initiera_fgTestData2();
+    void Initiera_dgLogg1();
+    void Initiera_dgLogg2();
+    void Initiera_dgLogg();
+    void Initiera_dgMulti();
+    void Initiera_fgDXCC();
+    void Initiera_fgSignal();
+    void Initiera_dgTidigareQSO();
+    /// No row of the log is shown while no log is open.
+    void KopplaFrånRutnät();
+
+    // ---- clocks ---------------------------------------------------------------------------------------
+    void TestTimer_Tick();
+    void AktivTestTid();
+    void VilaTesttid();
+    void Timer_Wait_Tick();
+    void cmdVila_Click();
+    void mnuRedigera_NollställTimer_Click();
+
+    /// The locator for which lblAvstånd was computed; empty after RensaTest.
+    QString avståndFör;
+    /// VisaTestDXCC has coloured the country labels.
+    bool landFärgat = false;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    const contest::Test& Test() const;
+
+    void Placera(QPoint plats);
+    void ByggFönster();
+    QWidget* ByggFormulär();
+    QWidget* ByggVärde();
+    QWidget* ByggTavla();
+    QWidget* ByggKlockor();
+    QWidget* ByggTakt();
+    QWidget* ByggListor();
+    QWidget* ByggDigital();
+    void ByggStatusrad();
+    void ByggMenyer();
+    void KopplaMenyer();
+    void KopplaFormulär();
+    void KopplaKnappar();
+
+    void InitieraVal(const contest::Test& val);
+    /// The two refusals before a save; each shows its message.
+    bool SparaVägras();
+    /// KollaPoäng under the conditions of the save chains and of txtSignal's focus.
+    void KollaPoängOmDags();
+    void EfterSparad();
+    void StartaKlockor();
+    void ÄrvTvåPoäng(const QString& multiplar);
+    void EnSekund(Fält* klocka);
+    void Taktrapport(int& räknare, int gräns, int& qsoVidSenaste, const QString& text);
+
+    void SättTabIndex(QWidget* fält, int index);
+    void VerkställTabbordning();
+
+    std::map<QString, QAction*> menyer_;
+    std::vector<QWidget*> tabbordning_;
+    std::array<QLabel*, 4> paneler_{};
+};

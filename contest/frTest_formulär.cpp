@@ -1,0 +1,230 @@
+#include "contest/frTest.h"
+
+#include "contest/DeladeVärden.h"
+#include "contest/Löpnummer.h"
+#include "platform/clock.h"
+#include "store/Databaser.h"
+#include "store/Dubbletter.h"
+#include "store/Landsökning.h"
+#include "store/LokatorModul.h"
+#include "store/RäknaModul.h"
+#include "store/SparaModul.h"
+
+#include <QKeyEvent>
+
+namespace {
+
+QChar Frekvenstecken(QChar typed, const QLineEdit&) {
+    return (typed >= QLatin1Char('0') && typed <= QLatin1Char('9')) || typed == QLatin1Char(',') ? typed : QChar();
+}
+
+/// The report that a mode starts with; empty where the mode says nothing of it.
+QString RapportFör(const QString& trafiksätt) {
+    if (trafiksätt == QLatin1String("CW") || trafiksätt == QLatin1String("RTTY")) return QStringLiteral("599");
+    if (trafiksätt == QLatin1String("SSB")) return QStringLiteral("59");
+    return {};
+}
+
+} // namespace
+
+void frTest::KopplaFormulär() {
+    for (Fält* fält : {txtSignal, txtLokator}) fält->OnKeyPress(platform::UpperCaseNoBlank);
+    // A locator in small letters would not decode.
+    for (Fält* fält : {txtLöpnrM, txtDiplom}) fält->OnKeyPress(platform::UpperCase);
+    txtFrekvens->OnKeyPress(Frekvenstecken);
+    for (Fält* fält : {txtSignal, txtFrekvens, txtITUM, txtRSTM, txtRSTS, txtZONM}) fält->SelectAllOnFocus();
+
+    txtSignal->OnChange([this] { txtSignal_Change(); });
+    txtSignal->OnLostFocus([this] { txtSignal_LostFocus(); });
+    txtLöpnrM->OnLostFocus([this] { txtLöpnrM_LostFocus(); });
+    txtLöpnrS->OnChange([this] { txtLöpnrS_Change(); });
+    txtDiplom->OnChange([this] { txtDiplom_Change(); });
+    txtDiplom->OnGotFocus([this] { txtDiplom_GotFocus(); });
+    txtDiplom->OnLostFocus([this] { txtDiplom_LostFocus(); });
+    cmbTrafik->OnClick([this] { cmbTrafik_Click(); });
+
+    // Index by index as the window was drawn; fields without a number of their own fill the gaps.
+    tabbordning_ = {txtSignal, txtRSTM,  txtLöpnrM, txtDiplom,   cmbTrafik,  cmbBand,  cmbDiplom, txtFrekvens,
+                    txtITUM,   txtZONM,  txtNamn,   txtNotering, txtLokator, txtDatum, cmdSpara,  cmdAvbryt,
+                    txtLöpnrS, cmdVisa,  cmdRadera, cmdVila,     txtInfo,    dgLogg,   txtRSTS};
+    txtLöpnrS->TabStop(false);
+    VerkställTabbordning();
+}
+
+void frTest::KopplaKnappar() {
+    connect(cmdSpara, &QPushButton::clicked, this, [this] { cmdSpara_Click(); });
+    connect(cmdAvbryt, &QPushButton::clicked, this, [this] { cmdAvbryt_Click(); });
+    connect(cmdVisa, &QPushButton::clicked, this, [this] { cmdVisa_Click(); });
+    connect(cmdRadera, &QPushButton::clicked, this, [this] { cmdRadera_Click(); });
+    connect(cmdVila, &QPushButton::clicked, this, [this] { cmdVila_Click(); });
+    connect(cmdRensa, &QPushButton::clicked, this, [this] { cmdRensa_Click(); });
+    Image1->OnClick([this] { Meny("mnufönster_Grid")->trigger(); });
+}
+
+// ---- the call -----------------------------------------------------------------------------------------
+
+void frTest::txtSignal_Change() {
+    if (txtSignal->text().isEmpty()) return;
+    VisaTestDXCC();
+    KollaDXCC();
+    VisaTestQSO();
+}
+
+void frTest::txtSignal_LostFocus() {
+    if (txtSignal->text().isEmpty()) return;
+    const bool statTest = contest::ÄrStatTest(delat.AktuelltTest);
+    if (!delat.RedigeraQSO && !statTest) KollaTidigare();
+    if (!statTest) KollaPoängOmDags();
+    if (Test().kollaLokator) KollaLokator();
+    VisaTestQSO();
+}
+
+void frTest::KollaPoängOmDags() {
+    if (txtSignal->text().isEmpty() || delat.DubblettFlagga) return;
+    if (delat.RedigeraQSO) {
+        // A logged contact whose call was not changed keeps the points on the form.
+        const platform::Recordset& logg = db().rsTESTQSO;
+        const bool harRad = logg.IsOpen() && logg.RecordCount() > 0 && !logg.IsBOF() && !logg.IsEOF();
+        if (!harRad || logg.Field(QStringLiteral("Signal")).text() == txtSignal->text()) return;
+    }
+    KollaPoäng(delat.AktuelltTest);
+}
+
+// ---- the exchange -------------------------------------------------------------------------------------
+
+void frTest::txtDiplom_Change() {
+    const auto längd = txtDiplom->text().size();
+    if (lblTyp->text() == QLatin1String("Lokator") && (längd == 6 || längd == 4)) KollaDiplom();
+    if (lblTyp->text() == QLatin1String("State/Province") && längd == 2) {
+        KollaTidigare();
+        KollaPoäng(delat.AktuelltTest);
+    }
+}
+
+void frTest::txtDiplom_GotFocus() {
+    if (lblTyp->text() == QLatin1String("Län") && txtDiplom->text().size() == 2) KollaDiplom();
+}
+
+void frTest::txtDiplom_LostFocus() {
+    if (!Test().diplomVisarVäg || txtDiplom->text().isEmpty()) return;
+    VisaRiktningAvstånd(EgenTestLokator(), txtDiplom->text());
+}
+
+void frTest::UppdateraAvstånd() {
+    if (Test().poäng != store::PoängRegel::Km) return;
+    if (txtDiplom->text().isEmpty() || txtDiplom->text() == avståndFör) return;
+    VisaRiktningAvstånd(EgenTestLokator(), txtDiplom->text());
+}
+
+// ---- serials ------------------------------------------------------------------------------------------
+
+void frTest::txtLöpnrM_LostFocus() {
+    if (Test().fyllLöpnrM) txtLöpnrM->setText(contest::FyllMottagetLöpnr(txtLöpnrM->text()));
+}
+
+void frTest::txtLöpnrS_Change() {
+    const QString formaterat = contest::FormateraLöpnr(txtLöpnrS->text(), delat.LöpnrFormat);
+    if (formaterat != txtLöpnrS->text()) txtLöpnrS->setText(formaterat);
+}
+
+void frTest::mnuRedigera_NollställLöpnr_Click() {
+    if (!HarLogg()) return;
+    SkrivINFO([](platform::Recordset& info) { info.Field(QStringLiteral("LöpNr"), 1); });
+    txtLöpnrS->setText(QStringLiteral("1"));
+}
+
+// ---- mode and band ------------------------------------------------------------------------------------
+
+void frTest::cmbTrafik_Click() {
+    const QString trafiksätt = cmbTrafik->Text();
+    delat.FT8Läge = trafiksätt == QLatin1String("FT8");
+    const bool telegrafi = trafiksätt == QLatin1String("PSK31") || trafiksätt == QLatin1String("RTTY") ||
+                           trafiksätt == QLatin1String("CW");
+    const QString rapport = telegrafi ? QStringLiteral("599") : QStringLiteral("59");
+    for (Fält* fält : {txtRSTM, txtRSTS}) {
+        fält->setText(delat.FT8Läge ? QString() : rapport);
+        fält->TabStop(!delat.FT8Läge);
+    }
+    Meny("mnuCW")->menu()->setEnabled(trafiksätt == QLatin1String("CW"));
+    Meny("mnuDigital")->menu()->setEnabled(delat.FT8Läge || trafiksätt == QLatin1String("RTTY"));
+}
+
+void frTest::Initiera_Combo() {
+    for (const char* trafiksätt : {"CW", "SSB", "RTTY", "FM", "AM"}) cmbTrafik->addItem(QLatin1String(trafiksätt));
+    for (const char* band : {"160 M", "80 M", "40 M", "20 M", "15 M", "10 M", "6 M", "2 M", "70 CM"})
+        cmbBand->addItem(QLatin1String(band));
+}
+
+// ---- tab order ----------------------------------------------------------------------------------------
+
+void frTest::SättTabIndex(QWidget* fält, int index) {
+    std::erase(tabbordning_, fält);
+    tabbordning_.insert(tabbordning_.begin() + index, fält);
+}
+
+void frTest::VerkställTabbordning() {
+    for (size_t i = 1; i < tabbordning_.size(); ++i) QWidget::setTabOrder(tabbordning_[i - 1], tabbordning_[i]);
+}
+
+void frTest::Tabbföljd(int nummer) {
+    const contest::Namnlista namn = nummer == 1 ? Test().tabbföljd1 : Test().tabbföljd2;
+    int index = 0;
+    for (const QStringView fält : namn) SättTabIndex(frmLogg->findChild<QWidget*>(fält.toString()), index++);
+    VerkställTabbordning();
+    Meny("mnuInställning_RoppaCQ")->setChecked(nummer == 1);
+    Meny("mnuInställning_SvaraCQ")->setChecked(nummer == 2);
+}
+
+void frTest::TabbstoppRST(bool på) {
+    delat.TabbstopRST = på;
+    for (Fält* fält : {txtRSTM, txtRSTS}) fält->TabStop(på);
+    Meny("mnuInställning_Tabbstop_RST")->setChecked(på);
+}
+
+void frTest::TabbstoppLöpnr(bool på) {
+    delat.TabbstopLöpnr = på;
+    txtLöpnrM->TabStop(på);
+    Meny("mnuInställning_Tabbstop_Löpnr")->setChecked(på);
+}
+
+// ---- clearing -----------------------------------------------------------------------------------------
+
+void frTest::RensaTest() {
+    for (QLabel* etikett : {lblKont, lblTid, lblDXCC, lblRiktning, lblAvstånd, lblLand})
+        FärgaEtikett(etikett, false);
+    // What the last call was worth must not stand beside the next one.
+    for (QLabel* etikett : {lblDXCC, lblLand, lblKont, lblRiktning, lblAvstånd}) etikett->clear();
+    landFärgat = false;
+    avståndFör.clear();
+    txtDatum->setText(platform::Now().date().toString(QStringLiteral("yyyy-MM-dd")));
+    txtSignal->clear();
+    if (const QString rapport = RapportFör(cmbTrafik->Text()); !rapport.isEmpty()) {
+        txtRSTM->setText(rapport);
+        txtRSTS->setText(rapport);
+    }
+    for (Fält* fält : {txtNamn, txtNotering, txtDiplom, txtITUM, txtZONM, txtLöpnrM}) fält->clear();
+    txtLöpnrM->setEnabled(true);
+    for (QLabel* tecken :
+         {lblNyttLand, lblNyttBand, lblDistrikt, lblMultipel, lblNyRuta, lblDubblett, lblNyIOTA})
+        tecken->hide();
+    for (Fält* fält : {txtDXCCNR, txtPrefix, txtNDXCC, txtNRUTA, txtDubblett}) fält->clear();
+    frmTQSO->setTitle(QStringLiteral("Tidigare QSO"));
+    if (HarLogg()) db().rsTidigare.Filter(store::SignalFilter(QString()));
+    delat.RedigeraQSO = false;
+    delat.DubblettFlagga = false;
+    lblQSOPoäng->setText(QStringLiteral("0"));
+    Initiera_fgTestData2();
+    Initiera_Contest();
+    if (!HarLogg()) return;
+    Initiera_fgDXCC();
+    Initiera_fgSignal();
+    Initiera_dgTidigareQSO();
+    Initiera_dgMulti();
+    db().rsTESTQSO.Filter(QString());
+    if (!db().rsTESTQSO.IsEOF()) db().rsTESTQSO.MoveLast();
+    if (const auto kolumn = Test().loggKolumn) dgLogg->Caption(kolumn->nummer, kolumn->rubrik.toString());
+}
+
+void frTest::Initiera_Contest() {
+    if (HarLogg()) txtLöpnrS->setText(db().rsINFO.Field(QStringLiteral("LöpNr")).text());
+}

@@ -1,0 +1,259 @@
+#include "contest/frTest.h"
+
+#include "contest/DeladeVärden.h"
+#include "platform/application.h"
+#include "platform/dialogs.h"
+#include "platform/paths.h"
+#include "platform/windows.h"
+#include "store/Databaser.h"
+#include "store/RäknaModul.h"
+#include "store/SparaModul.h"
+#include "store/SparaKolumner.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+
+namespace {
+
+const QString loggFilter = QStringLiteral("TestLogg (*.svk)|*.svk");
+
+/// The log folder of a shared server. No station is ever connected to one, so the operator's own setting
+/// stands in for a fixed address.
+QString Loggmapp() {
+    return delat.NätverkAnsluten ? delat.NätverkMapp : platform::DataPath(QStringLiteral("Loggar/"));
+}
+
+QString Loggmall() {
+    return delat.NätverkAnsluten ? delat.NätverkMapp + QStringLiteral("/SVK")
+                                 : platform::DataPath(QStringLiteral("SVK"));
+}
+
+/// Copies the empty log over the chosen name. The copy is made beside it and put in its place at once, so
+/// that a full disk leaves the log that stood there.
+void KopieraMall(const QString& mål) {
+    const QString ny = mål + QStringLiteral(".ny");
+    QFile::remove(ny);
+    if (!QFile::copy(Loggmall(), ny)) {
+        QFile::remove(ny);
+        throw platform::Failure(QStringLiteral("cannot write ") + ny);
+    }
+    // The template may be write-protected, a log never is.
+    QFile::setPermissions(ny, QFile::permissions(ny) | QFile::ReadOwner | QFile::WriteOwner);
+    // What a crash left beside the old log must not be rolled back into the new one.
+    QFile::remove(mål + QStringLiteral("-journal"));
+    std::error_code fel;
+    std::filesystem::rename(QFile::encodeName(ny).toStdString(), QFile::encodeName(mål).toStdString(), fel);
+    if (fel) throw platform::Failure(QStringLiteral("cannot create ") + mål);
+}
+
+void SkrivAktuelltTest(const QString& fil) {
+    platform::Connection anslutning;
+    anslutning.Open(fil);
+    anslutning.CursorLocation(3);
+    platform::Recordset info;
+    info.Open(QStringLiteral("INFO"), anslutning);
+    if (!info.IsBOF()) info.MoveFirst();
+    info.Field(QStringLiteral("Aktuellt_Test"), delat.AktuelltTest);
+    info.Update();
+    info.Close();
+    anslutning.Close();
+}
+
+void StängMarkör(platform::Recordset& markör) {
+    if (markör.IsOpen()) markör.Close();
+}
+
+} // namespace
+
+bool frTest::HarLogg() const { return delat.TestLoggÖppen && db().rsTESTQSO.IsOpen() && db().rsINFO.IsOpen(); }
+
+void frTest::NyTestLogg() {
+    try {
+        StängTestLogg();
+        const auto fil = platform::AskFile(
+            {.title = QStringLiteral("Ny Logg"), .folder = Loggmapp(), .filter = loggFilter, .save = true});
+        if (!fil) return;
+        KopieraMall(*fil);
+        delat.TestLoggFil = *fil;
+        delat.TestLoggTitel = QFileInfo(*fil).fileName();
+        SkrivAktuelltTest(*fil);
+        VerkställÖppnaTestLogg();
+    } catch (const platform::Failure&) {
+        platform::MsgBox(
+            QStringLiteral("Ett fel har inträffat vid skapandet av ny Testlogg! Åtgärden avbryts!"),
+            QStringLiteral("NyTestLogg"));
+    }
+}
+
+void frTest::ÖppnaTestLogg() {
+    try {
+        const auto fil =
+            platform::AskFile({.title = QStringLiteral("Öppna Logg"), .folder = Loggmapp(), .filter = loggFilter});
+        if (!fil) return;
+        delat.TestLoggFil = *fil;
+        delat.TestLoggTitel = QFileInfo(*fil).fileName();
+        platform::DoEvents();
+        VerkställÖppnaTestLogg();
+    } catch (const platform::Failure&) {
+        platform::MsgBox(QStringLiteral("Ett fel har inträffat vid öppning av loggen! Sorvik avslutas!"),
+                         QStringLiteral("ÖppnaTestLogg"));
+        platform::EndProcess(1);
+    }
+}
+
+void frTest::mnuArkiv_ÖppnaTestlogg_Click() {
+    ÖppnaTestLogg();
+    if (!delat.TestLoggÖppen) return;
+    delat.TidGår = false;
+    TimerAktiv->Interval(0);
+    TimerVila->Interval(0);
+}
+
+void frTest::VerkställÖppnaTestLogg() {
+    StängTestLogg();
+    // The close menu has closed the reference databases as well; the log cannot do without them.
+    ÅteröppnaDatabasar();
+    Databaser& d = db();
+    d.TestDB.Open(delat.TestLoggFil);
+    d.TestDB.CursorLocation(3);
+    d.rsINFO.Open(QStringLiteral("INFO"), d.TestDB);
+    if (!d.rsINFO.IsBOF()) d.rsINFO.MoveFirst();
+    delat.AktuelltTest = d.rsINFO.Field(QStringLiteral("Aktuellt_Test")).integer();
+    d.rsTESTQSO.Open(QStringLiteral("TESTQSO"), d.TestDB);
+    d.rsTESTDXCC.Open(QStringLiteral("TESTDXCC"), d.TestDB);
+    Initiera_dgLogg();
+    d.rsTESTQSO.Sort(QStringLiteral("Datum, Tid"));
+    ÖppnaFrågor(delat.AktuelltTest);
+    ÖppnaLokator();
+    ÖppnaFriend();
+    delat.TestLoggÖppen = true;
+    AktiveraMenyer(true);
+    cmbTrafik->Locked(false);
+    cmbBand->Locked(false);
+    lblQSO->setNum(static_cast<int>(d.rsTESTQSO.RecordCount()));
+    frmLogg->setTitle(QStringLiteral("TestLogg Fil [") + delat.TestLoggTitel + QLatin1Char(']'));
+    Initiera_dgLogg();
+    Initiera_fgTestData1();
+    Initiera_fgTestData2();
+    Initiera_fgDXCC();
+    Initiera_fgSignal();
+    Initiera_dgTidigareQSO();
+    Initiera_dgMulti();
+    lblLängstaQSO->hide();
+    InitieraTest(delat.AktuelltTest);
+    RäknaPoäng(delat.AktuelltTest);
+    UppdateraBand();
+    txtZONM->setText(delat.OpZon);
+    txtLöpnrS->setText(delat.LöpnrFormat);
+    if (Test().visaLängstaQSO)
+        lblLängstaQSO->setText(d.rsINFO.Field(QStringLiteral("LängstaQSOSträng")).text());
+    dgLogg->setMaximumHeight(delat.AktuelltTest == 6 ? platform::Twips(Test().dgLoggHöjd) : QWIDGETSIZE_MAX);
+    frmDigital->setVisible(delat.AktuelltTest == 6);
+    txtAktiv->setText(d.rsINFO.Field(QStringLiteral("AktivTid")).text());
+    txtVila->setText(d.rsINFO.Field(QStringLiteral("ViloTid")).text());
+    RensaTest();
+    txtSignal->setFocus();
+}
+
+void frTest::StängTestLogg() {
+    try {
+        Databaser& d = db();
+        if (d.TestDB.IsOpen()) {
+            KopplaFrånRutnät();
+            for (platform::Recordset* markör : {&d.rsTESTQSO, &d.rsDXCCBand}) StängMarkör(*markör);
+            if (contest::ÄrStatTest(delat.AktuelltTest))
+                for (platform::Recordset* markör : {&d.rsState, &d.rsProvince}) StängMarkör(*markör);
+            else
+                for (platform::Recordset* markör : {&d.rsSignal, &d.rsDXCC}) StängMarkör(*markör);
+            for (platform::Recordset* markör : {&d.rsDiplom, &d.rsTidigare, &d.rsITU, &d.rsZon, &d.rsMultiplar,
+                                                &d.rsPoäng, &d.rsDistrikt})
+                StängMarkör(*markör);
+            if (d.rsINFO.IsOpen()) {
+                SkrivINFO([this](platform::Recordset& info) {
+                    info.Field(QStringLiteral("AktivTid"), txtAktiv->text());
+                    info.Field(QStringLiteral("ViloTid"), txtVila->text());
+                });
+                d.rsINFO.Close();
+            }
+            StängMarkör(d.rsTESTDXCC);
+            d.TestDB.Close(); // rsRutor goes with it
+        }
+        lblLängstaQSO->hide();
+    } catch (const platform::Failure&) {
+        lblLängstaQSO->hide();
+        platform::MsgBox(QStringLiteral("Ett databasfel har inträffat."), QStringLiteral("StängTestLogg"));
+    }
+}
+
+void frTest::mnuArkiv_StängTestlogg_Click() {
+    StängTestLogg();
+    delat.TestLoggÖppen = false;
+    StängDatabasar();
+    RensaTest();
+    frmLogg->setTitle(QStringLiteral("TestLogg Fil"));
+}
+
+void frTest::TömTESTQSO() {
+    for (const store::KolumnVärde& kolumn : store::tomtQSO)
+        db().rsTESTQSO.Field(kolumn.kolumn.toString(), kolumn.värde.toString());
+}
+
+void frTest::InitieraTest(int test) {
+    cmbTrafik->Clear();
+    cmbBand->Clear();
+    txtLokator->clear();
+    const contest::Test* val = contest::HämtaTest(test);
+    if (val) InitieraVal(*val);
+    const contest::Test& meny = contest::TestFör(test);
+    if (meny.meny == contest::MenyVal::Cw) RensaTest();
+    delat.DigitalTest = meny.meny == contest::MenyVal::Digital;
+    Meny("mnuDigital")->menu()->setEnabled(delat.DigitalTest);
+    Meny("mnuCW")->menu()->setEnabled(meny.meny == contest::MenyVal::Cw);
+}
+
+namespace {
+
+/// One text that is locked, or a list with its first entry selected.
+void FyllLista(platform::ComboBox& lista, const contest::ListVal& val) {
+    if (val.låst) {
+        lista.Text(val.första().toString());
+        lista.Locked(true);
+        return;
+    }
+    for (const QStringView post : val.poster) lista.addItem(post.toString());
+    lista.setCurrentIndex(0);
+}
+
+void Sätt(QLabel* etikett, const std::optional<QStringView>& text) {
+    if (text) etikett->setText(text->toString());
+}
+
+} // namespace
+
+void frTest::InitieraVal(const contest::Test& val) {
+    FyllLista(*cmbTrafik, val.trafiksätt);
+    FyllLista(*cmbBand, val.band);
+    for (Fält* fält : {txtRSTS, txtRSTM}) {
+        fält->TabStop(true);
+        if (val.rst) fält->setText(val.rst->toString());
+    }
+    txtLöpnrM->TabStop(val.löpnrPå);
+    txtLöpnrS->setEnabled(val.löpnrPå);
+    txtLöpnrM->setEnabled(val.löpnrPå);
+    if (val.löpnrFormat) delat.LöpnrFormat = val.löpnrFormat->toString();
+    txtLöpnrS->setText(db().rsINFO.Field(QStringLiteral("LöpNr")).text());
+    txtLokator->setText(val.egenLokator ? delat.OpTestLokator : QString());
+    if (val.cmbDiplomPå) cmbDiplom->setEnabled(*val.cmbDiplomPå);
+    if (val.txtZONMTabb) txtZONM->TabStop(*val.txtZONMTabb);
+    txtDiplom->TabStop(val.txtDiplomTabb);
+    Sätt(lblTyp, val.lblTyp);
+    txtDiplom->setAccessibleName(lblTyp->text());
+    Sätt(lblMultipelText, val.lblMultipelText);
+    Sätt(lblDiplomText, val.lblDiplomText);
+    if (val.lblLängstaQSOSynlig) lblLängstaQSO->setVisible(*val.lblLängstaQSOSynlig);
+    if (val.rutPoäng) delat.RutPoäng = val.rutPoäng->toString();
+    if (val.kmPoäng) delat.KmPoäng = val.kmPoäng->toString();
+    SättRubrik(val.titel.toString());
+}

@@ -1,0 +1,18 @@
+// The program: load the main window, and let the event loop do the rest.
+
+#include "contest/frTest.h"
+#include "platform/application.h"
+#include "platform/failure.h"
+
+int main(int argc, char** argv) {
+    platform::Application program(argc, argv);
+    platform::InstallSwedish();
+    // The exit query ends the process; the splash that closes first must not.
+    QApplication::setQuitOnLastWindowClosed(false);
+    try {
+        frTest::instans().Ladda();
+    } catch (const platform::Failure& fel) {
+        platform::EndByFailure(fel.message());
+    }
+    return QApplication::exec();
+}

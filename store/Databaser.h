@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/recordset.h"
+
+#include <memory>
+
+/// The connections and cursors of the process.
+///
+/// Three databases are open from start to exit, the locator and friend databases from the first open log,
+/// the cursors over the log as long as it is open. Query cursors are snapshots: who changes TESTQSO asks
+/// them anew.
+struct Databaser {
+    platform::Connection DataDB, DXSpottDB, SVDDB, LokatorDB, FriendDB, TestDB;
+
+    platform::Recordset rsPrefix, rsDXSpottLogg, rsSVDINI;
+    platform::Recordset rsLokator, rsFriend;
+
+    platform::Recordset rsTESTQSO, rsTESTDXCC, rsINFO;
+    platform::Recordset rsDXCCBand, rsITU, rsZon, rsTidigare, rsPoäng, rsSignal, rsDXCC, rsDiplom, rsDistrikt,
+        rsRutor, rsMultiplar;
+    /// Only for the contest numbers 41 and 42, which no log has any more.
+    platform::Recordset rsState, rsProvince;
+};
+
+/// The databases of this process.
+Databaser& db();
+
+/// Gives the process a new, closed set of databases; what was open is closed without a write. For tests.
+void NollställDatabaser();
+
+/// Opens the reference, spot and settings databases with their cursors. @throws platform::Failure
+void ÖppnaDatabasar();
+
+/// Closes the five shared databases that are open. @throws platform::Failure
+void StängDatabasar();
+
+/// Opens the settings and reference databases that the close menu closed, and leaves open ones alone.
+/// @throws platform::Failure
+void ÅteröppnaDatabasar();
+
+/// Close the locator or friend database, cursor first, if it is open.
+void StängLokatorDB();
+void StängFriendDB();
+
+/// Open the locator or friend database anew. A failure shows the procedure's message; the cursor is closed
+/// then.
+void ÖppnaLokator();
+void ÖppnaFriend();
+
+/// Opens the query cursors of the open log in their fixed order.
+/// @param test contest number: 41 and 42 have cursors of their own.
+/// @throws platform::Failure
+void ÖppnaFrågor(int test);

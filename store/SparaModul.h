@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/recordset.h"
+
+#include <functional>
+
+/// Saving of the contact on the entry form.
+
+/// Runs the saver of the contest's family; contests without one store nothing. A failure shows the saver's
+/// message and leaves the row uncommitted in the cursor.
+void SparaTestQSO(int Test);
+
+/// Asks every query cursor of the open log anew. @throws platform::Failure
+void RequeryFrågor();
+
+/// Reads the row of INFO as it is in the file now, changes it and writes it. Another station on the same file
+/// may write in between; then both steps are done again.
+/// @throws platform::Failure
+void SkrivINFO(const std::function<void(platform::Recordset& info)>& ändra);
