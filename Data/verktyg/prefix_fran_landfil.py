@@ -117,7 +117,7 @@ def läs_landfil(fil):
             grund = Rad(kod, kontinent, int(zon), int(itu), 0 - float(tid), float(lat), -float(lon))
             for text in fält[9].split():
                 helt, nyckel, egen = läs_nyckel(text, grund)
-                # Entries of another award come after their country; the country's own row is kept.
+                # A call may stand under its country and under another award's entry; both say the same country.
                 (anrop if helt else prefix).setdefault(nyckel, egen)
     return prefix, anrop
 
