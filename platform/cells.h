@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/pointertable.h"
 #include "platform/value.h"
 
 #include <QStringView>
 
-#include <unordered_map>
-#include <unordered_set>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -73,23 +73,32 @@ using KeyRef = Ref<const Key>;
 
 /// Negative, zero or positive: null before numbers before texts, texts by their folded code units.
 int compareKeys(const Key& a, const Key& b);
+/// Sorts by compareKeys.
+void sortKeys(std::vector<const Key*>& keys);
 
 /// One value, kept once however many rows hold it; equal values have the same Cell.
 class Cell {
 public:
     const Value value;
-    const KeyRef key;
+
+    /// Made when first asked for; most columns are never compared.
+    const Key& key() const {
+        if (!key_) makeKey();
+        return *key_;
+    }
 
     void retain() const { ++uses_; }
     void release() const;
 
 private:
     friend class CellPool;
-    Cell(CellPool& pool, Value v, KeyRef k, size_t hash)
+    Cell(CellPool& pool, Value v, size_t hash)
         : value(std::move(v))
-        , key(std::move(k))
         , pool_(pool)
         , hash_(hash) {}
+    void makeKey() const;
+
+    mutable KeyRef key_;
     CellPool& pool_;
     size_t hash_;
     mutable quint32 uses_ = 0;
@@ -113,6 +122,10 @@ public:
     /// The key that every spelling of the text has.
     KeyRef textKey(const QString& text);
     KeyRef numberKey(double number);
+    KeyRef keyOf(const Value& value);
+
+    /// Gives up finding values again, which lets them go faster. For the time when all of them go.
+    void forgetAll();
 
     /// Values held, for tests of what is given back.
     size_t size() const { return texts_.size() + numbers_.size(); }
@@ -121,53 +134,44 @@ private:
     friend class Cell;
     friend class Key;
 
-    // The hash is kept in the object: growing the sets would read every text again.
-    struct Hashed {
-        using is_transparent = void;
-        size_t operator()(const Cell* cell) const { return cell->hash_; }
-        size_t operator()(const Key* key) const { return key->hash_; }
-        size_t operator()(QStringView text) const { return qHash(text); }
-    };
-    struct SameText {
-        using is_transparent = void;
-        static QStringView of(const Cell* cell);
-        static QStringView of(const Key* key) { return key->text; }
-        static QStringView of(QStringView text) { return text; }
-        template <class A, class B>
-        bool operator()(A a, B b) const {
-            return of(a) == of(b);
-        }
-    };
-
     void forget(const Cell* cell);
     void forget(const Key* key);
 
-    std::unordered_set<const Cell*, Hashed, SameText> texts_;
-    std::unordered_set<const Key*, Hashed, SameText> textKeys_;
-    std::unordered_map<double, const Cell*> numbers_;
-    std::unordered_map<double, const Key*> numberKeys_;
+    PointerTable<const Cell> texts_;
+    PointerTable<const Key> textKeys_;
+    PointerTable<const Cell> numbers_;
+    PointerTable<const Key> numberKeys_;
+    KeyRef nullKey_;
     CellRef null_;
     CellRef empty_;
 };
 
-/// One row as it was read; never changed, shared by all cursors that see it.
+/// One row as it was read; never changed, shared by all cursors that see it. Its cells lie behind it in the
+/// same piece of memory: a row is looked at far more often than it is made.
 class Row {
 public:
-    Row(qint64 rowId, std::vector<CellRef> rowCells)
-        : id(rowId)
-        , cells(std::move(rowCells)) {}
+    /// Moves the cells into a new row.
+    static Ref<const Row> make(qint64 id, std::span<CellRef> cells);
+    Row(const Row&) = delete;
+    Row& operator=(const Row&) = delete;
 
     const qint64 id;
-    const std::vector<CellRef> cells;
-
-    const Key& key(int cell) const { return *cells[static_cast<size_t>(cell)]->key; }
+    std::span<const CellRef> cells() const { return {reinterpret_cast<const CellRef*>(this + 1), size_}; }
+    const CellRef& cell(int index) const { return cells()[static_cast<size_t>(index)]; }
+    const Key& key(int index) const { return cell(index)->key(); }
+    bool hasCells(std::span<const CellRef> other) const;
 
     void retain() const { ++uses_; }
     void release() const {
-        if (--uses_ == 0) delete this;
+        if (--uses_ == 0) destroy();
     }
 
 private:
+    Row(qint64 rowId, std::span<CellRef> cells);
+    ~Row();
+    void destroy() const;
+
+    const quint32 size_;
     mutable quint32 uses_ = 0;
 };
 using RowRef = Ref<const Row>;

@@ -23,6 +23,7 @@ void Connection::Open(const QString& path, Durability durability) {
 
 void Connection::Close() {
     if (!impl_) throw Failure(QStringLiteral("Databasen är inte öppen."));
+    impl_->pool.forgetAll();
     while (!impl_->recordsets.empty()) impl_->recordsets.back()->close();
     impl_.reset();
 }

@@ -16,7 +16,6 @@ struct Connection::Impl {
 
     QString path;
     Database database;
-    // Behind the pool, so that it outlives all rows.
     CellPool pool;
     std::map<QString, std::weak_ptr<TableImage>> images;
     std::vector<Recordset::Impl*> recordsets;

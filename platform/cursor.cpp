@@ -7,6 +7,14 @@
 
 namespace platform {
 
+namespace {
+
+[[noreturn]] void throwNoSuchRow(qsizetype row) {
+    throw Failure(QStringLiteral("Raden %1 finns inte.").arg(row));
+}
+
+} // namespace
+
 Cursor::Cursor(std::unique_ptr<RowSource> source, Database& database, CellPool& pool, bool isReadOnly)
     : database_(database)
     , pool_(pool)
@@ -39,7 +47,7 @@ void Cursor::setSort(const QString& text) {
     SortKeys keys;
     for (const SortTerm& term : parseSort(text)) {
         const int index = fieldIndex(term.column);
-        keys.push_back({fields()[static_cast<size_t>(index)].column.cell, term.isDescending});
+        keys.push_back({fieldAt(index).column.cell, term.isDescending});
     }
     view_.setOrder(std::move(keys));
     sortText_ = text.trimmed().isEmpty() ? QString() : text;
@@ -151,7 +159,7 @@ qsizetype Cursor::position() const {
 }
 
 void Cursor::setPosition(qsizetype row) {
-    if (row < 0 || row >= view_.count()) throw Failure(QStringLiteral("Raden %1 finns inte.").arg(row));
+    if (row < 0 || row >= view_.count()) throwNoSuchRow(row);
     goToPlace(row);
 }
 
@@ -169,8 +177,13 @@ void Cursor::goToRow(qint64 id) {
     goTo(row);
 }
 
-std::optional<Column> Cursor::column(const QString& name) const {
-    return fields()[static_cast<size_t>(fieldIndex(name))].column;
+std::optional<Column> Cursor::column(const QString& name) const { return fieldAt(fieldIndex(name)).column; }
+
+const RowSource::Field& Cursor::fieldAt(int index) const {
+    if (index < 0 || static_cast<size_t>(index) >= fields().size()) {
+        throw Failure(QStringLiteral("Kolumn %1 finns inte.").arg(index));
+    }
+    return fields()[static_cast<size_t>(index)];
 }
 
 int Cursor::fieldIndex(const QString& name) const {
@@ -193,18 +206,19 @@ bool Cursor::isOnEdit() const {
 }
 
 const Value& Cursor::field(int index) const {
-    const auto cell = static_cast<size_t>(fields().at(static_cast<size_t>(index)).column.cell);
-    if (isOnEdit()) return edit_->cells[cell]->value;
-    return currentRow()->cells[cell]->value;
+    const int cell = fieldAt(index).column.cell;
+    if (isOnEdit()) return edit_->cells[static_cast<size_t>(cell)]->value;
+    return currentRow()->cell(cell)->value;
 }
 
 const Value& Cursor::at(qsizetype row, int field) const {
-    const auto cell = static_cast<size_t>(fields().at(static_cast<size_t>(field)).column.cell);
-    return view_.rows()[static_cast<size_t>(row)]->cells[cell]->value;
+    const RowSpan visible = view_.rows();
+    if (row < 0 || row >= static_cast<qsizetype>(visible.size())) throwNoSuchRow(row);
+    return visible[static_cast<size_t>(row)]->cell(fieldAt(field).column.cell)->value;
 }
 
 double Cursor::sum(int field) const {
-    const Column column = fields().at(static_cast<size_t>(field)).column;
+    const Column column = fieldAt(field).column;
     if (!column.isNumber) throw Failure(QStringLiteral("Bara talkolumner kan summeras."));
     return rows_.sum(column.cell);
 }

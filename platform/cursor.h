@@ -34,6 +34,8 @@ public:
     void goToRow(qint64 id);
 
     const std::vector<RowSource::Field>& fields() const { return source_->fields(); }
+    /// @throws Failure for an unknown place
+    const RowSource::Field& fieldAt(int index) const;
     /// @throws Failure for an unknown name
     int fieldIndex(const QString& name) const;
     const Value& field(int index) const;
@@ -64,7 +66,7 @@ private:
         std::vector<CellRef> cells;
         /// The row that was current before AddNew.
         RowRef before;
-        bool changesAnything() const { return !row || row->cells != cells; }
+        bool changesAnything() const { return !row || !row->hasCells(cells); }
     };
     /// First: on the first visible row, which need not be known yet. New: on the row being added.
     enum class Place { First, Row, New, Bof, Eof };

@@ -18,7 +18,7 @@ void Cursor::requireWritable() const {
 }
 
 CellRef Cursor::cellFor(int index, const Value& value) const {
-    const RowSource::Field& field = fields().at(static_cast<size_t>(index));
+    const RowSource::Field& field = fieldAt(index);
     if (value.isNull()) return pool_.null();
     if (!field.column.isNumber) return pool_.text(value.text());
     const double number = value.number();
@@ -36,9 +36,10 @@ void Cursor::setField(int index, const Value& value) {
             write(database_, {this});
             goToRow(row->id);
         }
-        edit_ = Edit{currentRow(), current_->cells, RowRef()};
+        const auto cells = currentRow()->cells();
+        edit_ = Edit{current_, {cells.begin(), cells.end()}, RowRef()};
     }
-    edit_->cells[static_cast<size_t>(fields()[static_cast<size_t>(index)].column.cell)] = cell;
+    edit_->cells[static_cast<size_t>(fieldAt(index).column.cell)] = cell;
 }
 
 void Cursor::addNew() {
@@ -87,7 +88,7 @@ void Cursor::write(Database& database, const std::vector<Cursor*>& cursors) {
 
 void Cursor::requireUnchanged(const RowRef& row) {
     const RowRef stored = source_->image().read(row->id);
-    if (!stored || stored->cells != row->cells) throw Conflict{this, row};
+    if (!stored || !stored->hasCells(row->cells())) throw Conflict{this, row};
 }
 
 RowRef Cursor::writeEdit() {

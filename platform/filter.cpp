@@ -63,7 +63,7 @@ Comparison Comparison::withNumber(Column column, Sign sign, double number, CellP
     // In a number column the equal numbers share one key; texts that are the same number do not.
     if (column.isNumber && (sign == Sign::Equal || sign == Sign::NotEqual)) {
         made.kind_ = Kind::Key;
-        made.key_ = pool.cell(Value(number))->key;
+        made.key_ = pool.numberKey(number);
     }
     return made;
 }

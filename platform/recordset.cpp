@@ -134,9 +134,7 @@ QStringList Recordset::FieldNames() const {
 
 int Recordset::FieldIndex(const QString& name) const { return impl_->open().fieldIndex(name); }
 
-bool Recordset::IsNumberField(int index) const {
-    return impl_->open().fields().at(static_cast<size_t>(index)).column.isNumber;
-}
+bool Recordset::IsNumberField(int index) const { return impl_->open().fieldAt(index).column.isNumber; }
 
 const Value& Recordset::Field(const QString& name) const {
     const Cursor& cursor = impl_->open();

@@ -14,8 +14,8 @@ namespace platform {
 class Recordset;
 
 /// How much a committed change is worth. Log files take Full: what Update returned from survives a power
-/// loss. Stores that can be built again take Relaxed: consistent after a crash of the process, the last
-/// changes may be gone after a power loss.
+/// loss. Stores that can be built again take Relaxed: consistent and complete after a crash of the process,
+/// but nothing waits for the disk, so a power loss can cost the last changes, and the file in the worst case.
 enum class Durability { Full, Relaxed };
 
 /// One database file. Not copyable; closing it closes the recordsets that are still open on it.
@@ -87,7 +87,8 @@ public:
     void Close();
     bool IsOpen() const;
 
-    /// Takes a new snapshot; Filter and Sort stay in force and the cursor goes to the first row. The cost
+    /// Takes a new snapshot; Filter and Sort stay in force and the cursor goes to the first row. A pending edit
+    /// stays pending. The cost
     /// follows the changes made on this connection since the last snapshot, unless another process has
     /// written to the file: then the table is read again.
     void Requery();
@@ -111,7 +112,7 @@ public:
     QString Filter() const;
     /// Comparisons =, <>, <, >, <=, >=, LIKE (with a trailing *) joined by AND, OR and brackets; columns
     /// bare or as [name]; quoted texts and plain numbers. There is no escape: an apostrophe in a text makes
-    /// the filter malformed. An empty text lifts the filter.
+    /// the filter malformed. A null field meets no comparison. An empty text lifts the filter.
     /// @throws Failure when malformed or for an unknown column; the filter that was set stays.
     void Filter(const QString& text);
     /// "Datum, Tid" or "Poäng DESC"; rows that compare equal keep the order in which they were stored.
@@ -129,15 +130,16 @@ public:
     int FieldIndex(const QString& name) const;
     bool IsNumberField(int index) const;
 
-    /// Value of a field in the current row, or in the row being added or edited.
+    /// Value of a field in the current row, as edited if it is the one being added or edited.
     const Value& Field(const QString& name) const;
     const Value& Field(int index) const;
     /// Starts an edit of the current row if none is pending. A text into a number column must be a number
-    /// and is stored as one; a number into a text column is stored as its text.
+    /// and is stored as one; a number into a text column is stored as its text. If the cursor has been moved
+    /// off a pending row, that row is written first, as in AddNew, and the edit of the current one starts.
     /// @throws Failure for an unknown name, a text that is no number, a read-only cursor, or no row.
     void Field(const QString& name, const Value& value);
 
-    /// Starts a new row, all null. A row that an earlier Update could not write is written first.
+    /// Starts a new row, all null, which is current until the cursor is moved. A row that an earlier Update could not write is written first.
     /// @throws Failure if that fails again (nothing is added then), or for a read-only cursor.
     void AddNew();
     /// Writes the pending row in one transaction; returns when it is on the disk. Only columns whose value
@@ -148,6 +150,7 @@ public:
     /// pending; moving, filtering and sorting leave it alone.
     /// @throws Failure as told. Without a pending edit it does nothing.
     void Update();
+    /// Drops a pending edit. If the new row was current, the row from before AddNew is so again.
     void CancelUpdate();
     bool EditPending() const;
     /// Deletes the current row, unless another has changed it; the next row becomes current, EOF after the
@@ -166,7 +169,8 @@ public:
     /// Makes the n-th visible row current. @pre 0 <= row < RecordCount()
     void AbsolutePosition(qsizetype row);
 
-    /// Called after every change of what is visible or current. At most one; an empty function removes it.
+    /// Called after every change of what is visible or current, but not for those it makes itself. At most one;
+    /// an empty function removes it.
     void OnChanged(std::function<void()> changed);
 
     struct Impl;

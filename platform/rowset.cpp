@@ -13,6 +13,8 @@ namespace {
 constexpr quint32 kNoRank = std::numeric_limits<quint32>::max();
 /// Whole numbers below this add up exactly, however many rows there are.
 constexpr double kSmallWhole = 1e9;
+/// Room for the contacts of an evening, so that none of them has to wait while a long list is moved.
+constexpr size_t kRoom = 4096;
 
 int compareBy(const SortKeys& keys, const Row& a, const Row& b) {
     for (const SortKey& key : keys) {
@@ -33,8 +35,7 @@ quint32 rankColumn(const RowList& rows, int cell) {
             different.push_back(&key);
         }
     }
-    std::sort(different.begin(), different.end(),
-              [](const Key* a, const Key* b) { return compareKeys(*a, *b) < 0; });
+    sortKeys(different);
     for (size_t i = 0; i < different.size(); ++i) different[i]->rank = static_cast<quint32>(i);
     return static_cast<quint32>(different.size());
 }
@@ -48,12 +49,34 @@ RowList sortedByRank(const RowList& rows, const SortKey& key, quint32 ranks) {
     std::vector<quint32> begin(ranks + size_t{1}, 0);
     for (const Row* row : rows) ++begin[bin(row) + 1];
     for (size_t i = 1; i < begin.size(); ++i) begin[i] += begin[i - 1];
-    RowList sorted(rows.size());
+    RowList sorted;
+    sorted.reserve(rows.size() + kRoom);
+    sorted.resize(rows.size());
     for (const Row* row : rows) sorted[begin[bin(row)]++] = row;
     return sorted;
 }
 
+RowList sortedList(const std::vector<RowRef>& rows, const SortKeys& keys) {
+    RowList list;
+    list.reserve(rows.size() + kRoom);
+    for (const RowRef& row : rows) list.push_back(row.get());
+    // From the last key to the first; each pass keeps the order of the one before among equals.
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
+        const quint32 ranks = rankColumn(list, key->cell);
+        if (ranks > 1) list = sortedByRank(list, *key, ranks);
+    }
+    return list;
+}
+
 } // namespace
+
+std::vector<RowRef> sorted(std::vector<RowRef> rows, const SortKeys& keys) {
+    const RowList list = sortedList(rows, keys);
+    std::vector<RowRef> ordered;
+    ordered.reserve(list.size());
+    for (const Row* row : list) ordered.emplace_back(row);
+    return ordered;
+}
 
 RowSet::RowSet(SortKeys natural)
     : natural_(std::move(natural)) {}
@@ -63,11 +86,13 @@ void RowSet::assign(std::vector<RowRef> rows) {
     indexes_.clear();
     totals_.clear();
     rows_ = std::move(rows);
+    rows_.reserve(rows_.size() + kRoom);
 }
 
 void RowSet::replace(const RowRef& before, const RowRef& after) {
     for (auto& [keys, list] : orders_) replaceInOrder(keys, list, before.get(), after.get());
-    for (auto& [cells, index] : indexes_) replaceInIndex(cells, index, before.get(), after.get());
+    const auto isBeforeInStore = [this](const Row& a, const Row& b) { return isBefore({}, a, b); };
+    for (auto& [cells, index] : indexes_) index.replace(before.get(), after.get(), isBeforeInStore);
     for (auto& [cell, total] : totals_) {
         if (before) total.count(before->key(cell), -1);
         if (after) total.count(after->key(cell), 1);
@@ -107,31 +132,16 @@ qsizetype RowSet::place(const SortKeys& keys, RowSpan list, const Row& row) cons
 const RowList& RowSet::ordered(const SortKeys& keys) const {
     const auto known = orders_.find(keys);
     if (known != orders_.end()) return known->second;
-    return orders_.emplace(keys, build(keys)).first->second;
-}
-
-RowList RowSet::build(const SortKeys& keys) const {
-    RowList list;
-    list.reserve(rows_.size());
-    for (const RowRef& row : rows_) list.push_back(row.get());
-    // From the last key to the first; each pass keeps the order of the one before among equals.
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
-        const quint32 ranks = rankColumn(list, key->cell);
-        if (ranks > 1) list = sortedByRank(list, *key, ranks);
-    }
-    return list;
+    return orders_.emplace(keys, sortedList(rows_, keys)).first->second;
 }
 
 RowSpan RowSet::matching(const Wanted& wanted) const {
     auto known = indexes_.find(wanted.cells);
     if (known == indexes_.end()) {
-        known = indexes_.emplace(wanted.cells, Index()).first;
-        for (const RowRef& row : rows_) known->second[tuple(wanted.cells, *row)].push_back(row.get());
+        known = indexes_.emplace(wanted.cells, RowIndex(wanted.cells)).first;
+        for (const RowRef& row : rows_) known->second.append(row.get());
     }
-    KeyTuple keys{};
-    std::copy(wanted.keys.begin(), wanted.keys.end(), keys.begin());
-    const auto bucket = known->second.find(keys);
-    return bucket == known->second.end() ? RowSpan() : RowSpan(bucket->second);
+    return known->second.find(wanted.keys);
 }
 
 RowSpan RowSet::beginning(int cell, const QString& prefix) const {
@@ -171,18 +181,6 @@ void RowSet::Total::count(const Key& key, int sign) {
     }
 }
 
-size_t RowSet::TupleHash::operator()(const KeyTuple& tuple) const {
-    size_t hash = 0;
-    for (const Key* key : tuple) hash = qHash(reinterpret_cast<quintptr>(key), hash);
-    return hash;
-}
-
-RowSet::KeyTuple RowSet::tuple(const std::vector<int>& cells, const Row& row) {
-    KeyTuple keys{};
-    for (size_t i = 0; i < cells.size(); ++i) keys[i] = &row.key(cells[i]);
-    return keys;
-}
-
 void RowSet::replaceInOrder(const SortKeys& keys, RowList& list, const Row* before, const Row* after) const {
     if (before) {
         const auto at = list.begin() + place(keys, list, *before);
@@ -193,20 +191,6 @@ void RowSet::replaceInOrder(const SortKeys& keys, RowList& list, const Row* befo
         list.erase(at);
     }
     if (after) list.insert(list.begin() + place(keys, list, *after), after);
-}
-
-void RowSet::replaceInIndex(const std::vector<int>& cells, Index& index, const Row* before,
-                            const Row* after) const {
-    if (before && after && tuple(cells, *before) == tuple(cells, *after)) {
-        replaceInOrder({}, index.at(tuple(cells, *before)), before, after);
-        return;
-    }
-    if (before) {
-        const auto bucket = index.find(tuple(cells, *before));
-        replaceInOrder({}, bucket->second, before, nullptr);
-        if (bucket->second.empty()) index.erase(bucket);
-    }
-    if (after) replaceInOrder({}, index[tuple(cells, *after)], nullptr, after);
 }
 
 void RowSet::replaceOwned(const RowRef& before, const RowRef& after) {

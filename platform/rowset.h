@@ -1,12 +1,9 @@
 #pragma once
 
-#include "platform/cells.h"
+#include "platform/rowindex.h"
 
-#include <array>
 #include <map>
 #include <memory>
-#include <optional>
-#include <span>
 
 namespace platform {
 
@@ -17,9 +14,8 @@ struct SortKey {
 };
 using SortKeys = std::vector<SortKey>;
 
-/// Rows that someone else holds.
-using RowList = std::vector<const Row*>;
-using RowSpan = std::span<const Row* const>;
+/// The rows in the order of the keys; those that compare equal keep their order.
+std::vector<RowRef> sorted(std::vector<RowRef> rows, const SortKeys& keys);
 
 /// The rows of one cursor's snapshot with the orders and indexes that were asked for. Those are built when
 /// first needed and then kept up to date from change to change.
@@ -46,12 +42,11 @@ public:
     qsizetype place(const SortKeys& keys, RowSpan list, const Row& row) const;
 
     /// Columns and the keys wanted in them.
-    static constexpr size_t kIndexColumns = 4;
     struct Wanted {
         std::vector<int> cells;
         std::vector<const Key*> keys;
     };
-    /// The rows that have the keys, in natural order. @pre 1 to kIndexColumns ascending cells
+    /// The rows that have the keys, in natural order. @pre 1 to RowIndex::kColumns ascending cells
     RowSpan matching(const Wanted& wanted) const;
     /// The rows whose text in the column begins so, in the order of that column.
     RowSpan beginning(int cell, const QString& prefix) const;
@@ -60,11 +55,6 @@ public:
     double sum(int cell) const;
 
 private:
-    using KeyTuple = std::array<const Key*, kIndexColumns>;
-    struct TupleHash {
-        size_t operator()(const KeyTuple& tuple) const;
-    };
-    using Index = std::unordered_map<KeyTuple, RowList, TupleHash>;
     struct Total {
         double whole = 0;
         qsizetype fractions = 0;
@@ -72,11 +62,7 @@ private:
         void count(const Key& key, int sign);
     };
 
-    static KeyTuple tuple(const std::vector<int>& cells, const Row& row);
-    RowList build(const SortKeys& keys) const;
     void replaceInOrder(const SortKeys& keys, RowList& list, const Row* before, const Row* after) const;
-    void replaceInIndex(const std::vector<int>& cells, Index& index, const Row* before,
-                        const Row* after) const;
     void replaceOwned(const RowRef& before, const RowRef& after);
     int compare(const SortKeys& keys, const Row& a, const Row& b) const;
 
@@ -84,7 +70,7 @@ private:
     std::vector<RowRef> rows_;
     // Filled by need; what they hold follows from the rows.
     mutable std::map<SortKeys, RowList> orders_;
-    mutable std::map<std::vector<int>, Index> indexes_;
+    mutable std::map<std::vector<int>, RowIndex> indexes_;
     mutable std::map<int, Total> totals_;
 };
 

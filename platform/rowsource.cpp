@@ -2,6 +2,8 @@
 
 #include "platform/failure.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 
 namespace platform {
@@ -50,101 +52,139 @@ public:
 private:
     friend class RowSource;
 
+    /// The rows of the table that spell the content in one way, and the row made for them.
     struct Spelling {
-        std::vector<CellRef> cells;
-        qsizetype rows = 0;
+        RowRef row;
+        qsizetype count = 0;
     };
+    using KeyTuple = QVarLengthArray<const Key*, 1>;
     struct Group {
-        std::vector<Spelling> spellings;
-        RowRef shown;
+        KeyTuple keys;
+        qint64 id = 0;
+        // Nearly always one.
+        QVarLengthArray<Spelling, 1> spellings;
     };
-    using KeyTuple = std::vector<const Key*>;
-    struct TupleHash {
-        size_t operator()(const KeyTuple& tuple) const { return qHashRange(tuple.begin(), tuple.end()); }
+    /// Owns its groups.
+    class Groups {
+    public:
+        Groups() = default;
+        Groups(Groups&& other) noexcept
+            : table_(std::exchange(other.table_, {})) {}
+        ~Groups() {
+            table_.forEach([](Group& group) { delete &group; });
+        }
+
+        size_t size() const { return table_.size(); }
+        Group* find(const KeyTuple& keys) const {
+            return table_.find(hash(keys), [&](const Group& group) { return group.keys == keys; });
+        }
+        Group& add(const KeyTuple& keys, qint64 id) {
+            auto* group = new Group{keys, id, {}};
+            table_.insert(hash(keys), group);
+            return *group;
+        }
+        void remove(Group& group) {
+            table_.erase(hash(group.keys), &group);
+            delete &group;
+        }
+        template <class Function>
+        void forEach(Function function) const {
+            table_.forEach(function);
+        }
+        void swap(Groups& other) noexcept { std::swap(table_, other.table_); }
+
+    private:
+        static size_t hash(const KeyTuple& keys) { return qHashRange(keys.begin(), keys.end()); }
+        PointerTable<Group> table_;
     };
-    using Groups = std::unordered_map<KeyTuple, Group, TupleHash>;
 
     void load(RowSet& rows) override {
         Groups old;
-        std::swap(old, groups_);
+        old.swap(groups_);
         for (const RowRef& row : image().rows()) {
-            if (isWanted(*row)) count(groups_[tuple(*row)], *row, 1);
+            if (isWanted(*row)) count(groupOf(tuple(*row), old), *row, 1);
         }
         std::vector<RowRef> shown;
         shown.reserve(groups_.size());
-        for (auto& [key, group] : groups_) {
-            // A content that was there before keeps its id, and with it the bookmarks to it.
-            const auto known = old.find(key);
-            group.shown = makeRow(known == old.end() ? ++lastId_ : known->second.shown->id, group);
-            shown.push_back(group.shown);
-        }
-        RowSet order(naturalOrder());
-        std::sort(shown.begin(), shown.end(),
-                  [&](const RowRef& a, const RowRef& b) { return order.isBefore({}, *a, *b); });
-        rows.assign(std::move(shown));
+        groups_.forEach([&](const Group& group) { shown.push_back(spelling(group)); });
+        rows.assign(sorted(std::move(shown), naturalOrder()));
+    }
+
+    /// The group of a content, a new one if need be. A content that was there before keeps its id, and with
+    /// it the bookmarks to it.
+    Group& groupOf(const KeyTuple& keys, const Groups& old) {
+        if (Group* group = groups_.find(keys)) return *group;
+        const Group* before = old.find(keys);
+        return groups_.add(keys, before ? before->id : ++lastId_);
     }
 
     void apply(RowSet& rows, const TableImage::Change& change) override {
         const RowRef before = change.before && isWanted(*change.before) ? change.before : RowRef();
         const RowRef after = change.after && isWanted(*change.after) ? change.after : RowRef();
-        if (before && after && cells(*before) == cells(*after)) return;
-        if (before) recount(rows, *before, -1);
+        if (before && after && isSpelledAlike(*before, *after)) return;
+        // A content that stays in the table keeps its id, so what comes goes before what leaves.
         if (after) recount(rows, *after, 1);
+        if (before) recount(rows, *before, -1);
     }
 
     void recount(RowSet& rows, const Row& row, int sign) {
-        const KeyTuple key = tuple(row);
-        Group& group = groups_[key];
+        Group& group = groupOf(tuple(row), Groups());
+        const RowRef before = spelling(group);
         count(group, row, sign);
-        if (group.spellings.empty()) {
-            rows.replace(group.shown, RowRef());
-            groups_.erase(key);
-            return;
-        }
-        if (group.shown && group.shown->cells == spelling(group).cells) return;
-        const RowRef shown = makeRow(group.shown ? group.shown->id : ++lastId_, group);
-        rows.replace(group.shown, shown);
-        group.shown = shown;
+        const RowRef after = spelling(group);
+        if (before != after) rows.replace(before, after);
+        if (!after) groups_.remove(group);
     }
 
-    void count(Group& group, const Row& row, int sign) const {
-        const std::vector<CellRef> wanted = cells(row);
+    void count(Group& group, const Row& row, int sign) {
         auto known = std::find_if(group.spellings.begin(), group.spellings.end(),
-                                  [&](const Spelling& spelling) { return spelling.cells == wanted; });
-        if (known == group.spellings.end()) known = group.spellings.insert(known, {wanted, 0});
-        known->rows += sign;
-        if (known->rows == 0) group.spellings.erase(known);
+                                  [&](const Spelling& spelling) { return isSpelledSo(row, *spelling.row); });
+        if (known == group.spellings.end()) {
+            group.spellings.append({makeRow(group.id, row), 0});
+            known = group.spellings.end() - 1;
+        }
+        known->count += sign;
+        if (known->count == 0) group.spellings.erase(known);
     }
 
-    static const Spelling& spelling(const Group& group) {
-        const auto isBefore = [](const Spelling& a, const Spelling& b) {
-            return std::lexicographical_compare(
-                a.cells.begin(), a.cells.end(), b.cells.begin(), b.cells.end(),
-                [](const CellRef& x, const CellRef& y) { return x->value.rawText() < y->value.rawText(); });
+    /// The row that is shown for a content, none if no row of the table has it.
+    static RowRef spelling(const Group& group) {
+        const auto isBefore = [](const CellRef& a, const CellRef& b) {
+            return a->value.rawText() < b->value.rawText();
         };
-        return *std::min_element(group.spellings.begin(), group.spellings.end(), isBefore);
+        const auto least = std::min_element(
+            group.spellings.begin(), group.spellings.end(), [&](const Spelling& a, const Spelling& b) {
+                return std::ranges::lexicographical_compare(a.row->cells(), b.row->cells(), isBefore);
+            });
+        return least == group.spellings.end() ? RowRef() : least->row;
     }
 
-    static RowRef makeRow(qint64 id, const Group& group) {
-        return RowRef(new Row(id, spelling(group).cells));
+    RowRef makeRow(qint64 id, const Row& tableRow) {
+        scratch_.clear();
+        for (const int cell : tableCells_) scratch_.push_back(tableRow.cell(cell));
+        return Row::make(id, scratch_);
     }
 
-    std::vector<CellRef> cells(const Row& row) const {
-        std::vector<CellRef> wanted;
-        wanted.reserve(tableCells_.size());
-        for (const int cell : tableCells_) wanted.push_back(row.cells[static_cast<size_t>(cell)]);
-        return wanted;
+    bool isSpelledSo(const Row& tableRow, const Row& made) const {
+        for (size_t i = 0; i < tableCells_.size(); ++i) {
+            if (tableRow.cell(tableCells_[i]) != made.cells()[i]) return false;
+        }
+        return true;
+    }
+
+    bool isSpelledAlike(const Row& a, const Row& b) const {
+        return std::ranges::all_of(tableCells_, [&](int cell) { return a.cell(cell) == b.cell(cell); });
     }
 
     KeyTuple tuple(const Row& row) const {
         KeyTuple keys;
-        keys.reserve(tableCells_.size());
-        for (const int cell : tableCells_) keys.push_back(&row.key(cell));
+        for (const int cell : tableCells_) keys.append(&row.key(cell));
         return keys;
     }
 
     /// The columns in the table's rows; in the rows made here they stand in the order of the select.
     std::vector<int> tableCells_;
+    std::vector<CellRef> scratch_;
     Groups groups_;
     qint64 lastId_ = 0;
 };

@@ -165,7 +165,7 @@ CellRef Statement::cell(int column, bool isNumber, CellPool& pool, const CellRef
     }
     CellRef text = textCell(column, pool, before);
     // A file from other hands can hold a number as a text or a blob.
-    if (isNumber && text->key->isNumeric) return pool.number(text->key->number);
+    if (isNumber && text->key().isNumeric) return pool.number(text->key().number);
     return text;
 }
 

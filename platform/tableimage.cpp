@@ -101,17 +101,18 @@ std::vector<RowRef> TableImage::readRows(std::vector<Change>& changes) {
         }
     };
     const std::vector<CellRef> none(columns_.size());
+    std::vector<CellRef> cells;
     Statement select(database_, selectAll_);
     while (select.step()) {
         const qint64 id = select.integer(0);
         passUntil(&id);
         const bool isKnown = known != rows_.end() && (*known)->id == id;
-        std::vector<CellRef> cells = readCells(select, rows.empty() ? &none : &rows.back()->cells);
-        if (isKnown && (*known)->cells == cells) {
+        readCells(select, rows.empty() ? std::span(none) : rows.back()->cells(), cells);
+        if (isKnown && (*known)->hasCells(cells)) {
             rows.push_back(*known++);
             continue;
         }
-        RowRef row(new Row(id, std::move(cells)));
+        RowRef row = Row::make(id, cells);
         // The first reading has no known rows and no one to tell of a change.
         if (dataVersion_) changes.push_back({id, isKnown ? *known : RowRef(), row});
         if (isKnown) ++known;
@@ -121,14 +122,12 @@ std::vector<RowRef> TableImage::readRows(std::vector<Change>& changes) {
     return rows;
 }
 
-std::vector<CellRef> TableImage::readCells(const Statement& statement,
-                                           const std::vector<CellRef>* before) const {
-    std::vector<CellRef> cells;
-    cells.reserve(columns_.size());
+void TableImage::readCells(const Statement& statement, std::span<const CellRef> before,
+                           std::vector<CellRef>& cells) const {
+    cells.clear();
     for (size_t i = 0; i < columns_.size(); ++i) {
-        cells.push_back(statement.cell(static_cast<int>(i) + 1, columns_[i].isNumber, pool_, (*before)[i]));
+        cells.push_back(statement.cell(static_cast<int>(i) + 1, columns_[i].isNumber, pool_, before[i]));
     }
-    return cells;
 }
 
 RowRef TableImage::read(qint64 id) {
@@ -136,12 +135,11 @@ RowRef TableImage::read(qint64 id) {
     select.bind(id);
     if (!select.step()) return {};
     const size_t at = place(id);
-    if (at == rows_.size() || rows_[at]->id != id) {
-        const std::vector<CellRef> none(columns_.size());
-        return RowRef(new Row(id, readCells(select, &none)));
-    }
-    std::vector<CellRef> cells = readCells(select, &rows_[at]->cells);
-    return cells == rows_[at]->cells ? rows_[at] : RowRef(new Row(id, std::move(cells)));
+    const bool isKnown = at < rows_.size() && rows_[at]->id == id;
+    const std::vector<CellRef> none(columns_.size());
+    std::vector<CellRef> cells;
+    readCells(select, isKnown ? rows_[at]->cells() : std::span(none), cells);
+    return isKnown && rows_[at]->hasCells(cells) ? rows_[at] : Row::make(id, cells);
 }
 
 RowRef TableImage::insert(const std::vector<CellRef>& cells) {
@@ -174,12 +172,11 @@ RowRef TableImage::update(const Row& row, const std::vector<CellRef>& cells) {
     QByteArray assignments;
     std::vector<const Value*> values;
     for (size_t i = 0; i < columns_.size(); ++i) {
-        if (cells[i] == row.cells[i]) continue;
+        if (cells[i] == row.cells()[i]) continue;
         assignments += (assignments.isEmpty() ? "" : ",") + quotedName(columns_[i].name) + "=?";
         values.push_back(&cells[i]->value);
     }
-    if (keyColumn_ &&
-        cells[static_cast<size_t>(*keyColumn_)] != row.cells[static_cast<size_t>(*keyColumn_)]) {
+    if (keyColumn_ && cells[static_cast<size_t>(*keyColumn_)] != row.cell(*keyColumn_)) {
         throw Failure(QStringLiteral("Radens nyckel kan inte ändras."));
     }
     {

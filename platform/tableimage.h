@@ -66,7 +66,9 @@ private:
     void readAll();
     /// Goes through the stored rows beside the known ones and takes what is alike from there.
     std::vector<RowRef> readRows(std::vector<Change>& changes);
-    std::vector<CellRef> readCells(const Statement& statement, const std::vector<CellRef>* before) const;
+    /// @param before the row before, where the values are looked for first
+    void readCells(const Statement& statement, std::span<const CellRef> before,
+                   std::vector<CellRef>& cells) const;
     void remember(Change change);
     size_t place(qint64 id) const;
     QByteArray columnList() const;

@@ -12,18 +12,19 @@ public:
     enum class Kind : quint8 { Null, Text, Number };
 
     Value() = default;
+    // Implicit: a field is assigned whatever a window's field holds.
     Value(QString text)
         : kind_(Kind::Text)
-        , text_(std::move(text)) {} // NOLINT(google-explicit-constructor)
+        , text_(std::move(text)) {}
     Value(const char* text)
-        : Value(QString::fromUtf8(text)) {} // NOLINT(google-explicit-constructor)
+        : Value(QString::fromUtf8(text)) {}
     Value(double number)
         : kind_(Kind::Number)
-        , number_(number) {} // NOLINT(google-explicit-constructor)
+        , number_(number) {}
     Value(int number)
-        : Value(static_cast<double>(number)) {} // NOLINT(google-explicit-constructor)
+        : Value(static_cast<double>(number)) {}
     Value(qlonglong number)
-        : Value(static_cast<double>(number)) {} // NOLINT(google-explicit-constructor)
+        : Value(static_cast<double>(number)) {}
 
     Kind kind() const { return kind_; }
     bool isNull() const { return kind_ == Kind::Null; }

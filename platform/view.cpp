@@ -66,7 +66,7 @@ std::optional<View::Candidates> View::candidates() const {
     const Comparison* beginning = nullptr;
     for (const Comparison& comparison : filter_->required()) {
         const auto sameColumn = [&](const Comparison* other) { return other->cell() == comparison.cell(); };
-        if (comparison.onlyKey() && equal.size() < RowSet::kIndexColumns &&
+        if (comparison.onlyKey() && equal.size() < RowIndex::kColumns &&
             std::none_of(equal.begin(), equal.end(), sameColumn)) {
             equal.push_back(&comparison);
         }
