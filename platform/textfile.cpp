@@ -93,7 +93,7 @@ void ItemReader::SkipSeparator() {
 QString ItemReader::NextQuoted() {
     const qsizetype start = ++position_;
     while (!AtEnd() && text_[position_] != u'"') ++position_;
-    const QString item = text_.mid(start, position_ - start);
+    QString item = text_.mid(start, position_ - start);
     SkipToItemEnd();
     return item;
 }
@@ -126,7 +126,7 @@ QString ItemReader::NextLine() {
     RequireMore();
     const qsizetype start = position_;
     while (!AtLineEnd()) ++position_;
-    const QString line = text_.mid(start, position_ - start);
+    QString line = text_.mid(start, position_ - start);
     SkipSeparator();
     return line;
 }
