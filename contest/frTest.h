@@ -89,6 +89,8 @@ public:
     // ---- the set-up of a contest ----------------------------------------------------------------------
     void InitieraTest(int test);
     void Initiera_Contest();
+    /// Own locator and call as they are now: a new log is open before its station data is confirmed.
+    void VisaStation();
 
     // ---- the entry form -------------------------------------------------------------------------------
     void RensaTest();

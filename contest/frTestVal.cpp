@@ -69,7 +69,7 @@ void frTestVal::Initiera_TestVal() {
     fgTestVal->setCurrentCell(0, 0);
     const int höjd = antalRader * fgTestVal->verticalHeader()->defaultSectionSize() + 6;
     fgTestVal->setMinimumSize(Twips(5290) + 24, qMin(höjd, 360));
-    resize(Twips(5290) + 60, höjd + 70);
+    resize(Twips(5290) + 48, höjd + 70);
 }
 
 void frTestVal::ValavTest() {
@@ -81,6 +81,7 @@ void frTestVal::ValavTest() {
         f.NyTestLogg();
         frTestInst::instans().VisaModalt();
         if (!f.HarLogg()) return;
+        f.VisaStation();
         delat.TestVald = true;
         delat.TidGår = false;
         f.TimerAktiv->Interval(0);

@@ -347,9 +347,11 @@ QWidget* frTest::ByggTakt() {
     txtInfo->setFocusPolicy(Qt::ClickFocus);
     txtInfo->setMaximumBlockCount(500);
     txtInfo->setMinimumHeight(36);
+    txtInfo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // takes what the form leaves
     txtInfo->setAccessibleName(QStringLiteral("Takt"));
     Image1 = Named(new platform::ClickLabel, "Image1");
-    Image1->setPixmap(KartBild().scaled(64, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    if (const QPixmap karta = KartBild(); !karta.isNull())
+        Image1->setPixmap(karta.scaled(64, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     Image1->setCursor(Qt::PointingHandCursor);
     Image1->setToolTip(QStringLiteral("Grid Karta"));
     lblV = Named(new QLabel, "lblV");

@@ -244,7 +244,6 @@ void frTest::InitieraVal(const contest::Test& val) {
     txtLöpnrM->setEnabled(val.löpnrPå);
     if (val.löpnrFormat) delat.LöpnrFormat = val.löpnrFormat->toString();
     txtLöpnrS->setText(db().rsINFO.Field(QStringLiteral("LöpNr")).text());
-    txtLokator->setText(val.egenLokator ? delat.OpTestLokator : QString());
     if (val.cmbDiplomPå) cmbDiplom->setEnabled(*val.cmbDiplomPå);
     if (val.txtZONMTabb) txtZONM->TabStop(*val.txtZONMTabb);
     txtDiplom->TabStop(val.txtDiplomTabb);
@@ -255,5 +254,12 @@ void frTest::InitieraVal(const contest::Test& val) {
     if (val.lblLängstaQSOSynlig) lblLängstaQSO->setVisible(*val.lblLängstaQSOSynlig);
     if (val.rutPoäng) delat.RutPoäng = val.rutPoäng->toString();
     if (val.kmPoäng) delat.KmPoäng = val.kmPoäng->toString();
+    VisaStation();
+}
+
+void frTest::VisaStation() {
+    const contest::Test& val = Test();
+    if (val.nummer < 0) return;
+    txtLokator->setText(val.egenLokator ? delat.OpTestLokator : QString());
     SättRubrik(val.titel.toString());
 }

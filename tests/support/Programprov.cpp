@@ -1,0 +1,224 @@
+#include "support/Programprov.h"
+
+#include "contest/frSplashTest.h"
+#include "contest/frVarning.h"
+#include "platform/application.h"
+#include "platform/clock.h"
+#include "platform/paths.h"
+#include "platform/windows.h"
+
+#include <QDir>
+#include <QDirIterator>
+
+#include <sqlite3.h>
+
+namespace {
+
+void KopieraMapp(const QString& från, const QString& till) {
+    QDirIterator allt(från, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QDir().mkpath(till);
+    while (allt.hasNext()) {
+        const QString källa = allt.next();
+        const QString mål = till + källa.mid(från.size());
+        if (allt.fileInfo().isDir())
+            QDir().mkpath(mål);
+        else
+            QFile::copy(källa, mål);
+    }
+}
+
+/// Runs when a window of the class is on screen.
+void VäntaIn(const QByteArray& klass, const std::function<void(QWidget*)>& gör, int försök = 2000) {
+    QTimer::singleShot(1, qApp, [=] {
+        for (QWidget* fönster : QApplication::topLevelWidgets())
+            if (fönster->isVisible() && fönster->objectName().toUtf8() == klass) {
+                // Not at once: the window may still be on its way into its own event loop.
+                QTimer::singleShot(10, fönster, [=] { gör(fönster); });
+                return;
+            }
+        if (försök > 0) VäntaIn(klass, gör, försök - 1);
+    });
+}
+
+class Fråga {
+public:
+    Fråga(const QString& fil, const QString& sats) {
+        if (sqlite3_open_v2(fil.toUtf8().constData(), &databas_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK ||
+            sqlite3_busy_timeout(databas_, 5000) != SQLITE_OK ||
+            sqlite3_prepare_v2(databas_, sats.toUtf8().constData(), -1, &sats_, nullptr) != SQLITE_OK)
+            ADD_FAILURE() << fil.toStdString() << ": " << sqlite3_errmsg(databas_);
+    }
+    ~Fråga() {
+        sqlite3_finalize(sats_);
+        sqlite3_close(databas_);
+    }
+    Fråga(const Fråga&) = delete;
+    Fråga& operator=(const Fråga&) = delete;
+    bool Steg() {
+        const int svar = sats_ ? sqlite3_step(sats_) : SQLITE_DONE;
+        if (svar != SQLITE_ROW && svar != SQLITE_DONE) ADD_FAILURE() << sqlite3_errmsg(databas_);
+        return svar == SQLITE_ROW;
+    }
+    std::vector<QString> Rad() const {
+        std::vector<QString> rad;
+        for (int i = 0; i < sqlite3_column_count(sats_); ++i)
+            rad.push_back(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(sats_, i))));
+        return rad;
+    }
+
+private:
+    sqlite3* databas_ = nullptr;
+    sqlite3_stmt* sats_ = nullptr;
+};
+
+} // namespace
+
+void PrintTo(const Meddelande& meddelande, std::ostream* ut) {
+    *ut << '"' << meddelande.text.toStdString() << "\" titled \"" << meddelande.titel.toStdString() << '"';
+}
+
+Programprov::Programprov() {
+    KopieraMapp(QStringLiteral(SORVIK_DATA), mapp_.path() + QStringLiteral("/Data"));
+    platform::SetProgramFolder(mapp_.path());
+    platform::SetClock([this] { return nu; });
+    platform::SetEndProcess([this](int status) {
+        slut = status;
+        throw ProcessSlut{status};
+    });
+    delat = {};
+    NollställDatabaser();
+    KopplaDialoger();
+}
+
+Programprov::~Programprov() {
+    platform::Dialogs() = {};
+    platform::SetEndProcess({});
+    platform::SetClock({});
+    platform::SetProgramFolder({});
+}
+
+void Programprov::TearDown() {
+    platform::DestroyAllWindows();
+    NollställDatabaser();
+    for (const Meddelande& oväntat : meddelanden)
+        ADD_FAILURE() << "unexpected message " << ::testing::PrintToString(oväntat);
+    EXPECT_TRUE(jaNej.empty()) << "a question that the test answers was not asked";
+    EXPECT_TRUE(filval.empty()) << "a file dialog that the test answers did not come up";
+}
+
+void Programprov::KopplaDialoger() {
+    platform::Dialogs() = {
+        .message = [this](const QString& text, const QString& titel) { meddelanden.push_back({text, titel}); },
+        .yesNo =
+            [this](const QString& text, const QString& titel) {
+                frågor.push_back({text, titel});
+                if (jaNej.empty()) {
+                    ADD_FAILURE() << "unexpected question " << text.toStdString();
+                    return false;
+                }
+                const bool svar = jaNej.front();
+                jaNej.pop_front();
+                return svar;
+            },
+        .file = [this](const platform::FileQuestion& fråga) -> std::optional<QString> {
+            filfrågor.push_back(fråga);
+            if (filval.empty()) {
+                ADD_FAILURE() << "unexpected file dialog " << fråga.title.toStdString();
+                return std::nullopt;
+            }
+            const auto svar = filval.front();
+            filval.pop_front();
+            return svar;
+        }};
+}
+
+frTest& Programprov::Starta() {
+    VäntaIn("frSplashTest", [](QWidget* splash) {
+        for (int i = 0; i < 20; ++i) static_cast<frSplashTest*>(splash)->TimerSplash->Tick();
+    });
+    frTest& f = frTest::instans();
+    f.Ladda();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&f));
+    return f;
+}
+
+frTest& Programprov::StartaLogg(int test, const QString& namn) {
+    Ändra(Fil(QStringLiteral("SVD.Dat")),
+          QStringLiteral("UPDATE SVDINI SET OpSignal='SK7MW', OpTestLokator='JO65MR', OpTestDatum='2026-12-01'"));
+    frTest& f = Starta();
+    NyLogg(test, namn);
+    return f;
+}
+
+void Programprov::NyLogg(int test, const QString& namn) {
+    delat.AktuelltTest = test;
+    filval.push_back(Logg(namn));
+    frTest::instans().NyTestLogg();
+    ASSERT_TRUE(frTest::instans().HarLogg());
+}
+
+frTest& Programprov::StartaOm() {
+    platform::DestroyAllWindows();
+    NollställDatabaser();
+    delat = {};
+    return Starta();
+}
+
+Meddelande Programprov::Tag() {
+    EXPECT_EQ(meddelanden.size(), 1U);
+    if (meddelanden.empty()) return {};
+    const Meddelande första = meddelanden.front();
+    meddelanden.erase(meddelanden.begin());
+    return första;
+}
+
+void Programprov::Skriv(const QString& text) {
+    for (const QChar tecken : text) {
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        QTest::keyClicks(QApplication::focusWidget(), QString(tecken));
+    }
+}
+
+void Programprov::Tryck(Qt::Key tangent, Qt::KeyboardModifiers med) {
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    QTest::keyClick(QApplication::focusWidget(), tangent, med);
+}
+
+void Programprov::SkrivI(QWidget* fält, const QString& text) {
+    fält->setFocus();
+    Skriv(text);
+}
+
+void Programprov::Kör(const QString& signal, const QString& lokator) {
+    frTest& f = frTest::instans();
+    SkrivI(f.txtSignal, signal);
+    f.txtDiplom->setFocus();
+    Skriv(lokator);
+    Tryck(Qt::Key_Return);
+}
+
+void Programprov::NärFönster(const char* klass, std::function<void(QWidget*)> gör) { VäntaIn(klass, gör); }
+
+void Programprov::SvaraVarning(bool ok) {
+    NärFönster("frVarning", [ok](QWidget* fönster) {
+        auto* varning = static_cast<frVarning*>(fönster);
+        if (ok)
+            QTest::mouseClick(varning->cmdOK, Qt::LeftButton);
+        else
+            varning->close();
+    });
+}
+
+std::vector<std::vector<QString>> Programprov::Läs(const QString& fil, const QString& fråga) {
+    Fråga läsning(fil, fråga);
+    std::vector<std::vector<QString>> rader;
+    while (läsning.Steg()) rader.push_back(läsning.Rad());
+    return rader;
+}
+
+QString Programprov::LäsEtt(const QString& fil, const QString& fråga) {
+    const auto rader = Läs(fil, fråga);
+    return rader.empty() ? QString() : rader.front().front();
+}
+
+void Programprov::Ändra(const QString& fil, const QString& sats) { Fråga(fil, sats).Steg(); }
