@@ -299,6 +299,23 @@ TEST_F(SlumpadeVägar, ÄrNollTillSammaPlats) {
     }
 }
 
+TEST(BeräknaVäg, HarIngenBäringUnderEnHalvKilometer) {
+    const double gradPerKm = 180 / (M_PI * 6378.14);
+    EXPECT_EQ(BeräknaVäg({0, 0}, {0.499 * gradPerKm, 0}).bäring, 0);
+    EXPECT_NEAR(BeräknaVäg({0, 0}, {0.501 * gradPerKm, 0}).bäring, 90, 1e-6);
+}
+
+TEST(BeräknaVäg, HarIngenBäringVidAntipoden) {
+    // Over the south pole the bearing is 180, so that 0 can be told from it.
+    int nära = 0;
+    for (int i = 1; i <= 2000; ++i) {
+        const Väg väg = BeräknaVäg({0, 0}, {180, -i * 1e-5});
+        EXPECT_NEAR(väg.bäring, väg.km > 20003.5 ? 0 : 180, 1e-3) << väg.km;
+        nära += std::abs(väg.km - 20003.5) < 0.005;
+    }
+    EXPECT_GT(nära, 0);
+}
+
 TEST(BeräknaVäg, ÄrÄndligFörAllaParAvFältmittOchHörn) {
     for (int lon1 = -180; lon1 <= 180; lon1 += 45) {
         for (int lat1 = -90; lat1 <= 90; lat1 += 45) {
@@ -376,6 +393,9 @@ INSTANTIATE_TEST_SUITE_P(
         MålFall{"five characters keep their last four", "Lokator", "JO89X", "JO65", T("O89X")},
         MålFall{"six characters are taken whole", "Lokator", "JO89XI", "JO65", T("JO89XI")},
         MålFall{"seven characters are given up", "Lokator", "JO89XI1", "JO65", std::nullopt},
+        MålFall{"the country's locator may be a field", "Lokator", "J", "KP", T("KP")},
+        MålFall{"a country's locator of one character is given up", "Lokator", "J", "K", std::nullopt},
+        MålFall{"one of seven is given up too", "Lokator", "J", "KP20LI1", std::nullopt},
         MålFall{"a short exchange without a country is given up", "Lokator", "JO", "", std::nullopt}));
 
 TEST(VäljMål, EttHalvskrivetMålAvvisasAvAvkodningen) {

@@ -57,6 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
         SökFall{"the digit is left out", {"VP", "VP/F"}, "VP8FA", "VP/F"},
         SökFall{"and a second character is tried", {"VP", "VP/F", "VP/FA"}, "VP8FA", "VP/FA"},
         SökFall{"the second alone is not found", {"VP", "VP/FA"}, "VP8FA", "VP"},
+        SökFall{"what follows the second is not read", {"VP", "VP/F", "VP/FA"}, "VP8FAB", "VP/FA"},
         SökFall{"another second character keeps the first", {"VP", "VP/F", "VP/FA"}, "VP8FB", "VP/F"},
         SökFall{"another first character keeps the key", {"VP", "VP/F"}, "VP8GA", "VP"},
         SökFall{"a key with the digit hides the composed one", {"VP", "VP8", "VP/F"}, "VP8FA", "VP8"},
