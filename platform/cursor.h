@@ -84,7 +84,7 @@ private:
 
     void requireUnchanged(const RowRef& row);
     RowRef writeEdit();
-    void takeOver(const RowRef& before, const RowRef& after);
+    void takeOver(const RowRef& before, const RowRef& after, View::Keep keep);
     void finishEdit(const RowRef& written);
     void readAgain(const RowRef& row);
 

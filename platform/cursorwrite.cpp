@@ -98,30 +98,32 @@ RowRef Cursor::writeEdit() {
 }
 
 void Cursor::finishEdit(const RowRef& written) {
-    takeOver(rows_.find(written->id), written);
+    takeOver(rows_.find(written->id), written, View::Keep::Always);
     goTo(written);
     edit_.reset();
 }
 
 /// Brings a change of this cursor's own, already on the disk, into the image and the snapshot.
-void Cursor::takeOver(const RowRef& before, const RowRef& after) {
+void Cursor::takeOver(const RowRef& before, const RowRef& after, View::Keep keep) {
     const qint64 id = before ? before->id : after->id;
     TableImage& image = source_->image();
     const qint64 version = image.version();
     image.note(id, after);
     if (image.version() != version) source_->skipOwnChange();
     if (before == after) return;
-    view_.replace(before.get(), after.get());
+    view_.replace(before.get(), after.get(), keep);
     rows_.replace(before, after);
 }
 
 /// After a conflict: shows the row as it is now, or its successor if it is gone.
 void Cursor::readAgain(const RowRef& row) {
+    // What is current stays so, also where it was only known to be the first visible row.
+    settle();
     const RowRef stored = source_->image().read(row->id);
     const RowRef present = rows_.find(row->id);
     const bool isCurrent = place_ == Place::Row && current_->id == row->id;
     const qsizetype place = isCurrent ? currentPlace() : 0;
-    if (present || stored) takeOver(present, stored);
+    if (present || stored) takeOver(present, stored, View::Keep::IfSeen);
     if (!isCurrent) return;
     if (stored) {
         goTo(stored);
@@ -145,7 +147,7 @@ void Cursor::erase() {
         throw Failure(kConflict.toString());
     }
     const qsizetype place = currentPlace();
-    takeOver(row, RowRef());
+    takeOver(row, RowRef(), View::Keep::IfSeen);
     goToPlace(place);
 }
 

@@ -160,7 +160,7 @@ void Recordset::CancelUpdate() {
     impl_->act([](Cursor& cursor) { cursor.cancel(); });
 }
 
-bool Recordset::EditPending() const { return impl_->open().isEditing(); }
+bool Recordset::EditPending() const { return impl_->cursor && impl_->cursor->isEditing(); }
 
 void Recordset::Delete() {
     impl_->act([](Cursor& cursor) { cursor.erase(); });

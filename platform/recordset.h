@@ -60,7 +60,8 @@ public:
 
 private:
     friend class Recordset;
-    explicit Bookmark(qint64 row) : row_(row) {}
+    explicit Bookmark(qint64 row)
+        : row_(row) {}
     qint64 row_ = 0;
 };
 
@@ -87,10 +88,9 @@ public:
     void Close();
     bool IsOpen() const;
 
-    /// Takes a new snapshot; Filter and Sort stay in force and the cursor goes to the first row. A pending edit
-    /// stays pending. The cost
-    /// follows the changes made on this connection since the last snapshot, unless another process has
-    /// written to the file: then the table is read again.
+    /// Takes a new snapshot; Filter and Sort stay in force, the cursor goes to the first row and a pending
+    /// edit stays pending. The cost follows the changes made on this connection since the last snapshot,
+    /// unless another process has written to the file: then the table is read again.
     void Requery();
 
     bool IsBOF() const;
@@ -139,7 +139,8 @@ public:
     /// @throws Failure for an unknown name, a text that is no number, a read-only cursor, or no row.
     void Field(const QString& name, const Value& value);
 
-    /// Starts a new row, all null, which is current until the cursor is moved. A row that an earlier Update could not write is written first.
+    /// Starts a new row, all null; it is current until the cursor is moved. A row that an earlier Update
+    /// could not write is written first.
     /// @throws Failure if that fails again (nothing is added then), or for a read-only cursor.
     void AddNew();
     /// Writes the pending row in one transaction; returns when it is on the disk. Only columns whose value
@@ -169,8 +170,8 @@ public:
     /// Makes the n-th visible row current. @pre 0 <= row < RecordCount()
     void AbsolutePosition(qsizetype row);
 
-    /// Called after every change of what is visible or current, but not for those it makes itself. At most one;
-    /// an empty function removes it.
+    /// Called after every change of what is visible or current, but not for those it makes itself. At most
+    /// one; an empty function removes it.
     void OnChanged(std::function<void()> changed);
 
     struct Impl;

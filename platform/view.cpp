@@ -44,9 +44,10 @@ RowSpan View::rows() const {
     return *found_;
 }
 
-void View::replace(const Row* before, const Row* after) {
+void View::replace(const Row* before, const Row* after, Keep keep) {
     if (!filter_) return;
-    const bool isKept = after && !filter_->matches(*after);
+    const bool isHidden = after && !filter_->matches(*after);
+    const bool isKept = isHidden && (keep == Keep::Always || (before && isVisible(*before)));
     if (isKept && !found_) collect();
     std::erase(kept_, before);
     if (isKept) kept_.push_back(after);
@@ -57,7 +58,7 @@ void View::replace(const Row* before, const Row* after) {
             isSorted_ ? found.begin() + place(*before) : std::find(found.begin(), found.end(), before);
         if (at != found.end() && *at == before) found.erase(at);
     }
-    if (!after) return;
+    if (!after || (isHidden && !isKept)) return;
     found.insert(isSorted_ ? found.begin() + place(*after) : found.end(), after);
 }
 

@@ -25,9 +25,11 @@ public:
 
     /// Begins anew after changes to the row set that it was not told of.
     void reset();
-    /// To be called before the row set replaces a row. The row that comes stays in sight until the filter is
-    /// set anew, also if the filter would hide it.
-    void replace(const Row* before, const Row* after);
+    /// Whether a row that comes and that the filter would hide is shown until the filter is set anew: always,
+    /// or if the row in whose place it comes was in sight.
+    enum class Keep { Always, IfSeen };
+    /// To be called before the row set replaces a row; either may be none.
+    void replace(const Row* before, const Row* after, Keep keep);
 
 private:
     /// Rows among which all matches are, found through an index.
