@@ -1,0 +1,185 @@
+"""A virtual screen with the program on it, and an operator's hands.
+
+Everything is done with keys and mouse through xdotool; what the program has done is read from its files with
+SQLite, and with the probe library also from its controls. Nothing sleeps for a fixed time: every step waits for
+what it is to bring about.
+"""
+import os
+import shutil
+import sqlite3
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+
+class Screen:
+    """An X server of its own with a window manager."""
+
+    def __init__(self, size="1280x720"):
+        read, write = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
+            pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            self.name = ":" + pipe.readline().strip()
+        self.env = dict(os.environ, DISPLAY=self.name)
+        self.manager = subprocess.Popen(["openbox"], env=self.env, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.DEVNULL)
+
+    def close(self):
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait()
+
+
+def wait_for(what, condition, seconds=20):
+    """The first true value of the condition."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        value = condition()
+        if value:
+            return value
+        time.sleep(0.02)
+    raise AssertionError(f"waited {seconds} s in vain for {what}")
+
+
+class Sorvik:
+    def __init__(self, folder, screen, out, probe=None):
+        self.folder, self.screen, self.out = Path(folder), screen, Path(out)
+        self.out.mkdir(parents=True, exist_ok=True)
+        self.probe = Path(tempfile.mkdtemp()) if probe else None
+        env = dict(screen.env, QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8", XDG_RUNTIME_DIR=str(self.out))
+        env.pop("WAYLAND_DISPLAY", None)
+        if probe:
+            env.update(LD_PRELOAD=str(probe), SORVIK_PROBE=str(self.probe))
+        self.log = open(self.out / "program.log", "w")
+        self.process = subprocess.Popen([str(self.folder / "Sorvik")], env=env, stdout=self.log, stderr=self.log)
+        self.window("TestSignal:")
+
+    # ---- hands ----------------------------------------------------------------------------------------
+
+    def xdotool(self, *arguments):
+        return subprocess.run(["xdotool", *arguments], env=self.screen.env, capture_output=True, text=True)
+
+    def type(self, text):
+        self.xdotool("type", "--delay", "4", text)
+
+    def key(self, *keys):
+        self.xdotool("key", "--delay", "4", *keys)
+
+    def window(self, title, seconds=20):
+        """Waits for a window whose title holds the text, and for it to be the active one."""
+        def active():
+            name = self.xdotool("getactivewindow", "getwindowname").stdout
+            return title in name
+        wait_for(f'the window "{title}"', active, seconds)
+
+    def has_window(self, title):
+        return self.xdotool("search", "--onlyvisible", "--name", title).stdout.strip() != ""
+
+    def close_window(self, title):
+        """Closes a window by its frame."""
+        window = self.xdotool("search", "--onlyvisible", "--name", title).stdout.split()[0]
+        subprocess.run(["xdotool", "key", "--window", window, "alt+F4"], env=self.screen.env)
+        wait_for(f'"{title}" to go', lambda: not self.has_window(title))
+
+    # ---- eyes -----------------------------------------------------------------------------------------
+
+    def picture(self, name):
+        time.sleep(0.25)  # for the picture alone: let the last paint reach the screen
+        subprocess.run(["import", "-window", "root", str(self.out / (name + ".png"))], env=self.screen.env)
+
+    def controls(self):
+        """{(window, control): (visible, enabled, focus, text)} by way of the probe."""
+        answer = self.probe / "answer"
+        (self.probe / "ask").touch()
+        wait_for("the probe", answer.exists)
+        found = {}
+        for line in answer.read_text(encoding="utf-8").splitlines():
+            window, name, visible, enabled, focus, text = line.split("\t", 5)
+            found[window, name] = (visible == "visible", enabled == "on", focus == "focus", text)
+        answer.unlink()
+        return found
+
+    def text(self, control, window="frTest"):
+        return self.controls()[window, control][3]
+
+    def focused(self, control, window="frTest"):
+        return self.controls().get((window, control), (0, 0, False, ""))[2]
+
+    # ---- work -----------------------------------------------------------------------------------------
+
+    def fill_in_station(self, call, locator, date):
+        self.key("alt+i", "Return")
+        self.window("Station / Test Inst.")
+        for value in (call, locator, date):
+            self.key("ctrl+a")
+            self.type(value)
+            self.key("Tab")
+        self.key("Return")
+        settings = self.folder / "Data" / "SVD.Dat"
+        wait_for("the station data", lambda: rows(settings, "SELECT OpSignal, OpTestLokator, OpTestDatum FROM SVDINI")
+                 == [(call.upper(), locator.upper(), date)])
+        self.dismiss_date_message()
+        self.picture("frTestInst")
+        self.key("Escape")
+        self.window("TestSignal:")
+
+    def dismiss_date_message(self):
+        """The message that today is not the contest's day comes on most days."""
+        end = time.monotonic() + 1
+        while time.monotonic() < end:
+            if self.has_window("Fel Datum!"):
+                self.window("Fel Datum!")
+                self.key("Return")
+                wait_for("the message to go", lambda: not self.has_window("Fel Datum!"))
+                return
+            time.sleep(0.05)
+
+    def new_log(self, contest, name):
+        """Chooses a contest by its number and makes a log; gives the log's path."""
+        self.key("alt+a", "Return")
+        self.window("Val av Test")
+        self.key(*["Down"] * contest) if contest else None
+        self.picture("frTestVal")
+        self.key("Return")
+        self.window("Ny Logg")
+        self.type(name)
+        self.key("Return")
+        self.window("Station / Test Inst.")
+        log = self.folder / "Data" / "Loggar" / name
+        assert rows(log, "SELECT Aktuellt_Test FROM INFO") == [(contest,)]
+        self.key("Escape")
+        self.window("TestSignal:")
+        return log
+
+    def exit(self):
+        self.key("alt+a", "Up", "Return")
+        self.window("Sorvik")
+        wait_for("the question", lambda: self.has_window("^Sorvik$"))
+        self.picture("avsluta")
+        self.key("alt+j")
+        return self.process.wait(timeout=20)
+
+    def kill(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+        self.log.close()
+        if self.probe:
+            shutil.rmtree(self.probe, ignore_errors=True)
+
+
+def rows(file, question):
+    """Rows of a database file, read from outside."""
+    connection = sqlite3.connect(f"file:{file}?mode=ro", uri=True, timeout=10)
+    try:
+        return connection.execute(question).fetchall()
+    finally:
+        connection.close()
+
+
+def contacts(log):
+    return rows(log, "SELECT count(*) FROM TESTQSO")[0][0]

@@ -1,0 +1,153 @@
+#!/usr/bin/env python3
+"""Plays scripted contests on the installed program and holds the logs against rows worked out by hand.
+
+    play.py --program dist/Sorvik --out dist/tour [--probe FILE] [SCENARIO ...]
+
+Every contact is typed with the keyboard into the window on a virtual screen. Afterwards the log is read with
+SQLite from outside and compared column by column; with the probe library the score labels are compared too.
+Pictures and the rows as text stay in the output folder.
+"""
+import argparse
+import datetime
+import re
+import sys
+from pathlib import Path
+
+import contests
+from driver import Screen, Sorvik, contacts, rows, wait_for
+
+OWN_CALL, OWN_LOCATOR, TEST_DATE = "sk7mw", "jo65mr", "2026-12-01"
+COLUMNS = ["Datum", "Tid", "Signal", "Frekvens", "Trafiksätt", "Band ", "Sänt", "Mottaget", "Multiplar", "LöpNr",
+           "Namn", "QTH", "ITU", "Zon", "Diplom", "DXCC", "Land", "Notering", "Prefix", "DXCC Nr", "Poäng",
+           "Distrikt", "NDXCC", "NRUTA", "Dubblett", "Rutor", "LöpNrSR"]
+
+
+def play(scenario, program):
+    """Types the contest and gives the log's path."""
+    log = program.new_log(scenario.contest, scenario.name + ".svk")
+    saved = 0
+    for step in scenario.steps:
+        for action, argument in step.actions:
+            getattr(Hands, action)(program, argument)
+        if step.row:
+            saved += 1
+            wait_for(f"contact {saved} ({step.row['Signal']})", lambda: contacts(log) == saved)
+        if step.picture:
+            program.picture(f"{scenario.name}_{step.picture}")
+    program.picture(scenario.name)
+    return log
+
+
+class Hands:
+    """What an operator does, one name for each."""
+
+    @staticmethod
+    def type(program, text):
+        program.type(text)
+
+    @staticmethod
+    def key(program, keys):
+        program.key(*keys.split())
+
+    @staticmethod
+    def accept_warning(program, _):
+        program.window("VARNING !")
+        program.picture("frVarning")
+        program.key("Return")
+        program.window("TestSignal:")
+
+    @staticmethod
+    def close_warning(program, _):
+        program.window("VARNING !")
+        program.picture("frVarning_ej_giltig")
+        program.key("alt+F4")
+        program.window("TestSignal:")
+
+
+def expected_rows(scenario, note):
+    """The rows that the steps must have made, and the note that stands at the end."""
+    expected = []
+    for step in scenario.steps:
+        note = step.notes or note
+        if step.row:
+            expected.append({**contests.EMPTY_ROW, "Notering": note, **step.row})
+    return expected, note
+
+
+def compare_rows(scenario, log, expected):
+    """Differences between the file and what was worked out, as texts."""
+    select = ", ".join(f'"{name}"' for name in COLUMNS)
+    found = [dict(zip(COLUMNS, row)) for row in rows(log, f"SELECT {select} FROM TESTQSO ORDER BY rowid")]
+    wrong = [] if len(found) == len(expected) else [f"{len(found)} rows, expected {len(expected)}"]
+    days = {str(datetime.date.today() - datetime.timedelta(days=n)) for n in (0, 1)}
+    for row, right in zip(found, expected):
+        if row.pop("Datum") not in days:
+            wrong.append(f"{right['Signal']}: date")
+        if not re.fullmatch(r"\d\d:\d\d:\d\d", row.pop("Tid")):
+            wrong.append(f"{right['Signal']}: time")
+        wrong += [f"{right['Signal']}: {name} is {row[name]!r}, expected {right[name]!r}"
+                  for name in row if row[name] != right[name]]
+    info = rows(log, "SELECT Aktuellt_Test, LöpNr, QSOLängd, LängstaQSOSträng FROM INFO")[0]
+    if info != scenario.info:
+        wrong.append(f"INFO is {info}, expected {scenario.info}")
+    return wrong
+
+
+def compare_labels(scenario, program):
+    controls = program.controls()
+    return [f"{name} shows {controls['frTest', name][3]!r}, expected {text!r}"
+            for name, text in scenario.labels.items() if controls["frTest", name][3] != text]
+
+
+def report(scenario, log, out):
+    """The log as text beside the pictures."""
+    lines = ["\t".join(COLUMNS)]
+    lines += ["\t".join(str(value) for value in row) for row in rows(log, "SELECT * FROM TESTQSO ORDER BY rowid")]
+    (out / f"{scenario.name}.txt").write_text("\n".join(lines) + "\n", encoding="utf-8")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--program", required=True, type=Path)
+    parser.add_argument("--out", required=True, type=Path)
+    parser.add_argument("--probe", type=Path)
+    parser.add_argument("--size", default="1280x720")
+    parser.add_argument("scenarios", nargs="*", default=[])
+    arguments = parser.parse_args()
+    chosen = [contests.ALL[name] for name in arguments.scenarios or contests.ALL]
+
+    wrong = []
+    screen = Screen(arguments.size)
+    program = None
+    try:
+        program = Sorvik(arguments.program, screen, arguments.out, arguments.probe)
+        program.picture("frTest_tom")
+        program.fill_in_station(OWN_CALL, OWN_LOCATOR, TEST_DATE)
+        note = ""
+        for scenario in chosen:
+            log = play(scenario, program)
+            report(scenario, log, arguments.out)
+            expected, note = expected_rows(scenario, note)
+            differences = compare_rows(scenario, log, expected)
+            if arguments.probe:
+                differences += compare_labels(scenario, program)
+            wrong += [f"{scenario.name}: {difference}" for difference in differences]
+            print(f"{scenario.name}: {contacts(log)} contacts, {len(differences)} differences")
+        status = program.exit()
+        if status != 0:
+            wrong.append(f"the program ended with status {status}")
+    except AssertionError as failure:
+        wrong.append(str(failure))
+        if program:
+            program.picture("failure")
+    finally:
+        if program:
+            program.kill()
+        screen.close()
+    for line in wrong:
+        print(line, file=sys.stderr)
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
