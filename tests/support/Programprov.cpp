@@ -175,7 +175,11 @@ Meddelande Programprov::Tag() {
 void Programprov::Skriv(const QString& text) {
     for (const QChar tecken : text) {
         ASSERT_NE(QApplication::focusWidget(), nullptr);
-        QTest::keyClicks(QApplication::focusWidget(), QString(tecken));
+        if (tecken.unicode() < 0x80)
+            QTest::keyClicks(QApplication::focusWidget(), QString(tecken));
+        else // QTest knows the key codes of ASCII alone
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(tecken),
+                                Qt::NoModifier);
     }
 }
 
