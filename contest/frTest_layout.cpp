@@ -62,7 +62,8 @@ QWidget* Under(const QString& rubrik, QWidget* kontroll) {
 QLabel* NyttTecken(const char* namn, const QString& text) {
     auto* tecken = Named(new QLabel(text), namn);
     tecken->setAlignment(Qt::AlignCenter);
-    tecken->setStyleSheet(QStringLiteral("background: #c00000; color: white; padding: 1px 5px; border-radius: 3px;"));
+    tecken->setStyleSheet(
+        QStringLiteral("background: #c00000; color: white; padding: 1px 5px; border-radius: 3px;"));
     tecken->setFont(Större(tecken, 1.0));
     QSizePolicy plats = tecken->sizePolicy();
     plats.setRetainSizeWhenHidden(true); // nothing jumps when a sign comes on
@@ -99,8 +100,7 @@ platform::FlexGrid* NyttBandrutnät(const char* namn, int rader) {
     const int första = qMax(Twips(580), rutnät->fontMetrics().horizontalAdvance(QStringLiteral("DIGI")) + 12);
     rutnät->setColumnWidth(0, första);
     for (int i = 1; i < 10; ++i) rutnät->setColumnWidth(i, kolumn);
-    rutnät->setFixedSize(första + 9 * kolumn + 4,
-                         rader * rutnät->verticalHeader()->defaultSectionSize() + 4);
+    rutnät->setFixedSize(första + 9 * kolumn + 4, rader * rutnät->verticalHeader()->defaultSectionSize() + 4);
     rutnät->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     rutnät->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return rutnät;
@@ -152,10 +152,14 @@ void frTest::ByggFönster() {
     allt->addWidget(ByggDigital());
     setCentralWidget(mitt);
 
-    TestTimer = new platform::Timer(QStringLiteral("TestTimer"), [this] { TestTimer_Tick(); }, this);
-    TimerAktiv = new platform::Timer(QStringLiteral("TimerAktiv"), [this] { AktivTestTid(); }, this);
-    TimerVila = new platform::Timer(QStringLiteral("TimerVila"), [this] { VilaTesttid(); }, this);
-    Timer_Wait = new platform::Timer(QStringLiteral("Timer_Wait"), [this] { Timer_Wait_Tick(); }, this);
+    TestTimer = new platform::Timer(
+        QStringLiteral("TestTimer"), [this] { TestTimer_Tick(); }, this);
+    TimerAktiv = new platform::Timer(
+        QStringLiteral("TimerAktiv"), [this] { AktivTestTid(); }, this);
+    TimerVila = new platform::Timer(
+        QStringLiteral("TimerVila"), [this] { VilaTesttid(); }, this);
+    Timer_Wait = new platform::Timer(
+        QStringLiteral("Timer_Wait"), [this] { Timer_Wait_Tick(); }, this);
     ByggStatusrad();
 }
 
@@ -183,9 +187,10 @@ QWidget* frTest::ByggFormulär() {
     diplomRad->addWidget(txtDiplom);
     diplomRad->addStretch(1);
     txtDiplom->setAccessibleName(QStringLiteral("Lokator"));
-    auto* första = Rad({Under(QStringLiteral("Signal"), txtSignal), Under(QStringLiteral("RST mott."), txtRSTM),
-                        Under(QStringLiteral("Löpnr mott."), txtLöpnrM), diplom},
-                       1);
+    auto* första =
+        Rad({Under(QStringLiteral("Signal"), txtSignal), Under(QStringLiteral("RST mott."), txtRSTM),
+             Under(QStringLiteral("Löpnr mott."), txtLöpnrM), diplom},
+            1);
     första->setStretch(0, 1);
     form->addLayout(första);
 
@@ -197,9 +202,10 @@ QWidget* frTest::ByggFormulär() {
     cmbBand = NyLista("cmbBand", 6);
     txtFrekvens = NyttFält("txtFrekvens", 11);
     txtDatum = NyttFält("txtDatum", 10);
-    form->addLayout(Rad({Under(QStringLiteral("RST sänt"), txtRSTS), Under(QStringLiteral("Löpnr sänt"), txtLöpnrS),
-                         Under(QStringLiteral("Trafiksätt"), cmbTrafik), Under(QStringLiteral("Band"), cmbBand),
-                         Under(QStringLiteral("Frekvens"), txtFrekvens), Under(QStringLiteral("Datum"), txtDatum)}));
+    form->addLayout(
+        Rad({Under(QStringLiteral("RST sänt"), txtRSTS), Under(QStringLiteral("Löpnr sänt"), txtLöpnrS),
+             Under(QStringLiteral("Trafiksätt"), cmbTrafik), Under(QStringLiteral("Band"), cmbBand),
+             Under(QStringLiteral("Frekvens"), txtFrekvens), Under(QStringLiteral("Datum"), txtDatum)}));
 
     txtNamn = NyttFält("txtNamn", 14, mottagetFärg);
     txtNotering = NyttFält("txtNotering", 20);
@@ -208,9 +214,10 @@ QWidget* frTest::ByggFormulär() {
     txtZONM = NyttFält("txtZONM", 3, mottagetFärg);
     cmbDiplom = NyLista("cmbDiplom", 6);
     cmbDiplom->Text(QStringLiteral("Diplom"));
-    form->addLayout(Rad({Under(QStringLiteral("Namn"), txtNamn), Under(QStringLiteral("Notering"), txtNotering),
-                         Under(QStringLiteral("Lokator"), txtLokator), Under(QStringLiteral("ITU"), txtITUM),
-                         Under(QStringLiteral("Zon"), txtZONM), Under(QStringLiteral("Typ"), cmbDiplom)}));
+    form->addLayout(
+        Rad({Under(QStringLiteral("Namn"), txtNamn), Under(QStringLiteral("Notering"), txtNotering),
+             Under(QStringLiteral("Lokator"), txtLokator), Under(QStringLiteral("ITU"), txtITUM),
+             Under(QStringLiteral("Zon"), txtZONM), Under(QStringLiteral("Typ"), cmbDiplom)}));
 
     cmdSpara = NyKnapp("cmdSpara", QStringLiteral("Spara [Ent]"));
     cmdSpara->setDefault(true);
@@ -396,6 +403,11 @@ QWidget* frTest::ByggDigital() {
     rad->setContentsMargins(6, 2, 6, 6);
     RXWindow = Named(new QPlainTextEdit, "RXWindow");
     TXWindow = Named(new QPlainTextEdit, "TXWindow");
+    // Tab goes round the entry form; what it types into a text window is no use on the air.
+    for (QPlainTextEdit* fönster : {RXWindow, TXWindow}) {
+        fönster->setFocusPolicy(Qt::ClickFocus);
+        fönster->setTabChangesFocus(true);
+    }
     RXWindow->setAccessibleName(QStringLiteral("Mottaget"));
     TXWindow->setAccessibleName(QStringLiteral("Sänt"));
     cmdRensa = NyKnapp("cmdRensa", QStringLiteral("Rensa"));
