@@ -2,6 +2,8 @@
 
 #include "platform/numbertext.h"
 
+#include <QHashFunctions>
+
 #include <algorithm>
 #include <memory>
 #include <new>

@@ -2,6 +2,11 @@
 
 namespace platform {
 
+Connection::Impl::~Impl() {
+    pool.forgetAll();
+    while (!recordsets.empty()) recordsets.back()->close();
+}
+
 std::shared_ptr<TableImage> Connection::Impl::image(const QString& table) {
     std::weak_ptr<TableImage>& known = images[table.toCaseFolded()];
     if (auto image = known.lock()) return image;
@@ -12,9 +17,7 @@ std::shared_ptr<TableImage> Connection::Impl::image(const QString& table) {
 
 Connection::Connection() = default;
 
-Connection::~Connection() {
-    if (IsOpen()) Close();
-}
+Connection::~Connection() = default;
 
 void Connection::Open(const QString& path, Durability durability) {
     if (impl_) throw Failure(QStringLiteral("Databasen är redan öppen."));
@@ -23,8 +26,6 @@ void Connection::Open(const QString& path, Durability durability) {
 
 void Connection::Close() {
     if (!impl_) throw Failure(QStringLiteral("Databasen är inte öppen."));
-    impl_->pool.forgetAll();
-    while (!impl_->recordsets.empty()) impl_->recordsets.back()->close();
     impl_.reset();
 }
 

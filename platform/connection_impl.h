@@ -11,6 +11,11 @@ struct Connection::Impl {
         : path(filePath)
         , database(filePath, durability) {}
 
+    /// Closes the recordsets that are still open.
+    ~Impl();
+    Impl(const Impl&) = delete;
+    Impl& operator=(const Impl&) = delete;
+
     /// The image of the table, shared by all cursors that are open on it. @throws Failure if unknown
     std::shared_ptr<TableImage> image(const QString& table);
 

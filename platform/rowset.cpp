@@ -70,7 +70,7 @@ RowList sortedList(const std::vector<RowRef>& rows, const SortKeys& keys) {
 
 } // namespace
 
-std::vector<RowRef> sorted(std::vector<RowRef> rows, const SortKeys& keys) {
+std::vector<RowRef> sorted(const std::vector<RowRef>& rows, const SortKeys& keys) {
     const RowList list = sortedList(rows, keys);
     std::vector<RowRef> ordered;
     ordered.reserve(list.size());

@@ -4,18 +4,21 @@
 
 #include <map>
 #include <memory>
+#include <tuple>
 
 namespace platform {
 
 struct SortKey {
     int cell = 0;
     bool isDescending = false;
-    friend auto operator<=>(const SortKey&, const SortKey&) = default;
+    friend bool operator<(const SortKey& a, const SortKey& b) {
+        return std::tie(a.cell, a.isDescending) < std::tie(b.cell, b.isDescending);
+    }
 };
 using SortKeys = std::vector<SortKey>;
 
 /// The rows in the order of the keys; those that compare equal keep their order.
-std::vector<RowRef> sorted(std::vector<RowRef> rows, const SortKeys& keys);
+std::vector<RowRef> sorted(const std::vector<RowRef>& rows, const SortKeys& keys);
 
 /// The rows of one cursor's snapshot with the orders and indexes that were asked for. Those are built when
 /// first needed and then kept up to date from change to change.

@@ -107,7 +107,7 @@ private:
         std::vector<RowRef> shown;
         shown.reserve(groups_.size());
         groups_.forEach([&](const Group& group) { shown.push_back(spelling(group)); });
-        rows.assign(sorted(std::move(shown), naturalOrder()));
+        rows.assign(sorted(shown, naturalOrder()));
     }
 
     /// The group of a content, a new one if need be. A content that was there before keeps its id, and with

@@ -22,7 +22,7 @@ bool sameName(const QString& a, const QString& b) { return a.toCaseFolded() == b
 QString storedTableName(Database& database, const QString& name) {
     Statement tables(database, "SELECT name FROM sqlite_schema WHERE type='table'");
     while (tables.step()) {
-        const QString stored = tables.text(0);
+        QString stored = tables.text(0);
         if (sameName(stored, name)) return stored;
     }
     throw Failure(QStringLiteral("Okänd tabell: %1").arg(name));
