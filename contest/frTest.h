@@ -7,6 +7,7 @@
 
 #include <QGroupBox>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPlainTextEdit>
 
 #include <map>
@@ -31,8 +32,8 @@ public:
 
     // ---- the entry form -------------------------------------------------------------------------------
     QGroupBox* frmLogg;
-    Fält *txtSignal, *txtRSTM, *txtRSTS, *txtLöpnrM, *txtLöpnrS, *txtDiplom, *txtFrekvens, *txtNamn, *txtNotering,
-        *txtLokator, *txtITUM, *txtZONM, *txtDatum;
+    Fält *txtSignal, *txtRSTM, *txtRSTS, *txtLöpnrM, *txtLöpnrS, *txtDiplom, *txtFrekvens, *txtNamn,
+        *txtNotering, *txtLokator, *txtITUM, *txtZONM, *txtDatum;
     /// Filled by the checks and read by the savers; never on screen.
     Fält *txtDXCCNR, *txtPrefix, *txtNDXCC, *txtNRUTA, *txtDubblett, *txtRutor, *txtData;
     Lista *cmbTrafik, *cmbBand, *cmbDiplom;

@@ -8,6 +8,7 @@
 #include "platform/windows.h"
 
 #include <QBoxLayout>
+#include <QProcess>
 
 using platform::Named;
 
@@ -22,7 +23,7 @@ std::optional<QString> GetKeyValue(const QString& nyckel, const QString& värde)
 
 /// The registered path of the system information program, at its newer or its older place.
 std::optional<QString> SysInfoProgram() {
-    if (const auto sökväg =
+    if (auto sökväg =
             GetKeyValue(QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO"), QStringLiteral("PATH")))
         return sökväg;
     const auto mapp =
@@ -32,7 +33,8 @@ std::optional<QString> SysInfoProgram() {
 
 } // namespace
 
-frTestOm::frTestOm() : QDialog(&frTest::instans()) {
+frTestOm::frTestOm()
+    : QDialog(&frTest::instans()) {
     setObjectName(QStringLiteral("frTestOm"));
     setWindowTitle(QStringLiteral("Om ") + Produkt);
     lblTitle = Named(new QLabel(Produkt), "lblTitle");
@@ -48,8 +50,8 @@ frTestOm::frTestOm() : QDialog(&frTest::instans()) {
     cmdSysInfo = Named(new QPushButton(QStringLiteral("System Info...")), "cmdSysInfo");
     cmdOK->setDefault(true);
     auto* texter = new QVBoxLayout;
-    for (QWidget* del : std::initializer_list<QWidget*>{lblTitle, lblVersion,
-                                                        new QLabel(QStringLiteral("Loggprogram för radiotester"))})
+    for (QWidget* del : std::initializer_list<QWidget*>{
+             lblTitle, lblVersion, new QLabel(QStringLiteral("Loggprogram för radiotester"))})
         texter->addWidget(del);
     texter->addStretch(1);
     auto* rad = new QHBoxLayout;

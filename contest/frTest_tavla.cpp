@@ -33,20 +33,27 @@ void SkrivBandrubriker(platform::FlexGrid& rutnät) {
     }
 }
 
-/// Puts a red X wherever the cursor has a row for the condition and the band.
+/// A red X wherever the cursor has a row for the condition and the band, and nothing elsewhere.
 void SättKryss(platform::FlexGrid& rutnät, int rad, platform::Recordset& markör, const QString& villkor) {
     for (size_t i = 0; i < rutnätsband.size(); ++i) {
         markör.Filter(villkor + QStringLiteral(" AND ") +
                       store::Lika(u"[Band ]", QString::fromUtf8(rutnätsband[i])));
-        if (markör.RecordCount() > 0) rutnät.Cell(rad, static_cast<int>(i) + 1, QStringLiteral("X"), röd);
+        const bool körd = markör.RecordCount() > 0;
+        rutnät.Cell(rad, static_cast<int>(i) + 1, körd ? QStringLiteral("X") : QString(), röd);
     }
+}
+
+/// No X for any band.
+void TömKryss(platform::FlexGrid& rutnät, int rad) {
+    for (size_t i = 0; i < rutnätsband.size(); ++i) rutnät.Cell(rad, static_cast<int>(i) + 1, QString(), röd);
 }
 
 /// Columns that stay out of dgLogg in every contest.
 const QStringList utanförLogg = {
-    QStringLiteral("DXCC"),    QStringLiteral("Notering"), QStringLiteral("Namn"),  QStringLiteral("QTH"),
-    QStringLiteral("Land"),    QStringLiteral("Prefix"),   QStringLiteral("DXCC Nr"), QStringLiteral("NDXCC"),
-    QStringLiteral("NRuta"),   QStringLiteral("Dubblett"), QStringLiteral("LöpNrSR"), QStringLiteral("NDIST"),
+    QStringLiteral("DXCC"),     QStringLiteral("Notering"), QStringLiteral("Namn"),
+    QStringLiteral("QTH"),      QStringLiteral("Land"),     QStringLiteral("Prefix"),
+    QStringLiteral("DXCC Nr"),  QStringLiteral("NDXCC"),    QStringLiteral("NRuta"),
+    QStringLiteral("Dubblett"), QStringLiteral("LöpNrSR"),  QStringLiteral("NDIST"),
     QStringLiteral("Province"), QStringLiteral("State")};
 constexpr std::array loggBredder = {1510, 1510, 1710, 1510, 1110, 1110, 1020, 1110,
                                     1020, 1120, 1110, 1500, 1120, 1120, 1220};
@@ -79,7 +86,6 @@ void frTest::UppdateraTest() {
 }
 
 void frTest::UppdateraBand() {
-    Initiera_fgTestData1();
     platform::Recordset& logg = db().rsTESTQSO;
     if (logg.RecordCount() > 0) logg.MoveFirst();
     int rad = 1;
@@ -95,17 +101,25 @@ void frTest::Initiera_fgTestData1() {
     for (const Trafikrad& trafik : trafikrader) fgTestData1->Cell(rad++, 0, QString::fromUtf8(trafik.rubrik));
 }
 
+// Runs at every key press, so a cell is written only when it changes: the grid is not emptied first.
 void frTest::Initiera_fgTestData2() {
-    fgTestData2->Clear(4, 10);
-    SkrivBandrubriker(*fgTestData2);
-    fgTestData2->Cell(1, 0, lblDXCC->text(), röd);
-    fgTestData2->Cell(2, 0, txtITUM->text(), röd);
-    fgTestData2->Cell(3, 0, txtZONM->text(), röd);
-    if (txtDXCCNR->text().isEmpty() || !HarLogg()) return;
-    platform::Recordset& körda = db().rsDXCCBand;
-    SättKryss(*fgTestData2, 1, körda, store::DXCCNrFilter(txtDXCCNR->text()));
-    SättKryss(*fgTestData2, 2, körda, store::Lika(u"ITU", txtITUM->text()));
-    SättKryss(*fgTestData2, 3, körda, store::Lika(u"Zon", txtZONM->text()));
+    if (fgTestData2->Cell(0, 1).isEmpty()) {
+        fgTestData2->Clear(4, 10);
+        SkrivBandrubriker(*fgTestData2);
+    }
+    const std::array<std::pair<QString, QString>, 3> rader = {
+        {{lblDXCC->text(), store::DXCCNrFilter(txtDXCCNR->text())},
+         {txtITUM->text(), store::Lika(u"ITU", txtITUM->text())},
+         {txtZONM->text(), store::Lika(u"Zon", txtZONM->text())}}};
+    const bool harLand = !txtDXCCNR->text().isEmpty() && HarLogg();
+    int rad = 1;
+    for (const auto& [rubrik, villkor] : rader) {
+        fgTestData2->Cell(rad, 0, rubrik, röd);
+        if (harLand)
+            SättKryss(*fgTestData2, rad++, db().rsDXCCBand, villkor);
+        else
+            TömKryss(*fgTestData2, rad++);
+    }
 }
 
 void frTest::Initiera_dgLogg1() { BindLogg(*dgLogg, QStringLiteral("Multiplar")); }

@@ -15,7 +15,8 @@ const QString dubblettText = QStringLiteral("DUBBLETT !!!");
 const QString ejGiltigText = QStringLiteral("EJ GILTIG !!!");
 } // namespace
 
-frVarning::frVarning() : QDialog(&frTest::instans()) {
+frVarning::frVarning()
+    : QDialog(&frTest::instans()) {
     setObjectName(QStringLiteral("frVarning"));
     setWindowTitle(QStringLiteral("VARNING !"));
     auto* plats = new QVBoxLayout(this);
@@ -53,5 +54,6 @@ void frVarning::VisaModalt() {
     delat.VarningUppe = false;
     if (!ok) return;
     f.RensaTest();
+    f.activateWindow();
     f.txtSignal->setFocus();
 }

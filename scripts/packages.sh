@@ -1,12 +1,12 @@
 # Sourced by run.sh, test.sh and .ci/run: what the project takes from Debian 12, by purpose.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034  # read by name, through "${!list}"
 
 packages_build="g++ cmake ninja-build ccache qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev libsqlite3-dev
   qt6-l10n-tools qt6-translations-l10n"
 packages_run="libqt6widgets6 qt6-qpa-plugins libsqlite3-0 fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev"
-packages_tour="xvfb xauth xdotool openbox imagemagick sqlite3 x11-utils"
-packages_check="clang clang-format clang-tidy cppcheck shellcheck python3 libclang-rt-14-dev"
+packages_tour="xvfb xdotool openbox imagemagick python3"
+packages_check="clang clang-format clang-tidy shellcheck"
 
 # need_packages PURPOSE...: installs those of the lists that are not there yet.
 need_packages() {

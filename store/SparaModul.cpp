@@ -110,7 +110,6 @@ void SparaQSO(store::Sparare sparare) {
         const QString nästa = d.rsINFO.Field(QStringLiteral("LöpNr")).text();
         f.txtLöpnrS->setText(serverRäknar ? delat.NätverkMapp + nästa : nästa);
     }
-    f.dgLogg->Refresh();
     f.UppdateraTest();
     f.UppdateraBand();
 }

@@ -1,49 +1,21 @@
 #include "support/Programprov.h"
 
-#include "contest/frSplashTest.h"
 #include "contest/frVarning.h"
 #include "platform/application.h"
 #include "platform/clock.h"
 #include "platform/paths.h"
 #include "platform/windows.h"
-
-#include <QDir>
-#include <QDirIterator>
+#include "support/Provmapp.h"
 
 #include <sqlite3.h>
 
 namespace {
 
-void KopieraMapp(const QString& från, const QString& till) {
-    QDirIterator allt(från, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    QDir().mkpath(till);
-    while (allt.hasNext()) {
-        const QString källa = allt.next();
-        const QString mål = till + källa.mid(från.size());
-        if (allt.fileInfo().isDir())
-            QDir().mkpath(mål);
-        else
-            QFile::copy(källa, mål);
-    }
-}
-
-/// Runs when a window of the class is on screen.
-void VäntaIn(const QByteArray& klass, const std::function<void(QWidget*)>& gör, int försök = 2000) {
-    QTimer::singleShot(1, qApp, [=] {
-        for (QWidget* fönster : QApplication::topLevelWidgets())
-            if (fönster->isVisible() && fönster->objectName().toUtf8() == klass) {
-                // Not at once: the window may still be on its way into its own event loop.
-                QTimer::singleShot(10, fönster, [=] { gör(fönster); });
-                return;
-            }
-        if (försök > 0) VäntaIn(klass, gör, försök - 1);
-    });
-}
-
 class Fråga {
 public:
     Fråga(const QString& fil, const QString& sats) {
-        if (sqlite3_open_v2(fil.toUtf8().constData(), &databas_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK ||
+        if (sqlite3_open_v2(fil.toUtf8().constData(), &databas_, SQLITE_OPEN_READWRITE, nullptr) !=
+                SQLITE_OK ||
             sqlite3_busy_timeout(databas_, 5000) != SQLITE_OK ||
             sqlite3_prepare_v2(databas_, sats.toUtf8().constData(), -1, &sats_, nullptr) != SQLITE_OK)
             ADD_FAILURE() << fil.toStdString() << ": " << sqlite3_errmsg(databas_);
@@ -107,35 +79,35 @@ void Programprov::TearDown() {
 }
 
 void Programprov::KopplaDialoger() {
-    platform::Dialogs() = {
-        .message = [this](const QString& text, const QString& titel) { meddelanden.push_back({text, titel}); },
-        .yesNo =
-            [this](const QString& text, const QString& titel) {
-                frågor.push_back({text, titel});
-                if (jaNej.empty()) {
-                    ADD_FAILURE() << "unexpected question " << text.toStdString();
-                    return false;
-                }
-                const bool svar = jaNej.front();
-                jaNej.pop_front();
-                return svar;
-            },
-        .file = [this](const platform::FileQuestion& fråga) -> std::optional<QString> {
-            filfrågor.push_back(fråga);
-            if (filval.empty()) {
-                ADD_FAILURE() << "unexpected file dialog " << fråga.title.toStdString();
-                return std::nullopt;
-            }
-            const auto svar = filval.front();
-            filval.pop_front();
-            return svar;
-        }};
+    platform::Dialogs() = {.message =
+                               [this](const QString& text, const QString& titel) {
+                                   meddelanden.push_back({text, titel});
+                               },
+                           .yesNo =
+                               [this](const QString& text, const QString& titel) {
+                                   frågor.push_back({text, titel});
+                                   if (jaNej.empty()) {
+                                       ADD_FAILURE() << "unexpected question " << text.toStdString();
+                                       return false;
+                                   }
+                                   const bool svar = jaNej.front();
+                                   jaNej.pop_front();
+                                   return svar;
+                               },
+                           .file = [this](const platform::FileQuestion& fråga) -> std::optional<QString> {
+                               filfrågor.push_back(fråga);
+                               if (filval.empty()) {
+                                   ADD_FAILURE() << "unexpected file dialog " << fråga.title.toStdString();
+                                   return std::nullopt;
+                               }
+                               const auto svar = filval.front();
+                               filval.pop_front();
+                               return svar;
+                           }};
 }
 
 frTest& Programprov::Starta() {
-    VäntaIn("frSplashTest", [](QWidget* splash) {
-        for (int i = 0; i < 20; ++i) static_cast<frSplashTest*>(splash)->TimerSplash->Tick();
-    });
+    HoppaÖverSplash();
     frTest& f = frTest::instans();
     f.Ladda();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&f));
@@ -144,7 +116,8 @@ frTest& Programprov::Starta() {
 
 frTest& Programprov::StartaLogg(int test, const QString& namn) {
     Ändra(Fil(QStringLiteral("SVD.Dat")),
-          QStringLiteral("UPDATE SVDINI SET OpSignal='SK7MW', OpTestLokator='JO65MR', OpTestDatum='2026-12-01'"));
+          QStringLiteral(
+              "UPDATE SVDINI SET OpSignal='SK7MW', OpTestLokator='JO65MR', OpTestDatum='2026-12-01'"));
     frTest& f = Starta();
     NyLogg(test, namn);
     return f;
@@ -201,7 +174,9 @@ void Programprov::Kör(const QString& signal, const QString& lokator) {
     Tryck(Qt::Key_Return);
 }
 
-void Programprov::NärFönster(const char* klass, std::function<void(QWidget*)> gör) { VäntaIn(klass, gör); }
+void Programprov::NärFönster(const char* klass, std::function<void(QWidget*)> gör) {
+    NärFönsterSyns(klass, gör);
+}
 
 void Programprov::SvaraVarning(bool ok) {
     NärFönster("frVarning", [ok](QWidget* fönster) {

@@ -68,7 +68,9 @@ protected:
     static void SvaraVarning(bool ok);
 
     QString Fil(const QString& relativ) const { return mapp_.path() + QStringLiteral("/Data/") + relativ; }
-    QString Logg(const QString& namn = QStringLiteral("prov.svk")) const { return Fil(QStringLiteral("Loggar/") + namn); }
+    QString Logg(const QString& namn = QStringLiteral("prov.svk")) const {
+        return Fil(QStringLiteral("Loggar/") + namn);
+    }
 
     /// Rows of a file, read with SQLite from outside, each field as text; columns in the order asked for.
     static std::vector<std::vector<QString>> Läs(const QString& fil, const QString& fråga);
@@ -78,7 +80,7 @@ protected:
     static void Ändra(const QString& fil, const QString& sats);
 
     std::vector<Meddelande> meddelanden;
-    std::deque<bool> jaNej;                     ///< answers to the next questions
+    std::deque<bool> jaNej;                    ///< answers to the next questions
     std::deque<std::optional<QString>> filval; ///< answers to the next file dialogs; nothing: cancelled
     std::vector<platform::FileQuestion> filfrågor;
     std::vector<Meddelande> frågor;
