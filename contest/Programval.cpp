@@ -9,8 +9,9 @@ namespace {
 /// @throws platform::Failure if the row cannot be written; the shared value keeps the old path then.
 void VäljProgram(const char* kolumn, QString DeladeVärden::*värde) {
     // Programs have no extension of their own on this platform, so every file is offered as well.
-    const auto fil = platform::AskFile(
-        {.title = QStringLiteral("Program"), .folder = QStringLiteral("/usr/bin"), .filter = QStringLiteral("Program|*.exe|Alla filer|*")});
+    const auto fil = platform::AskFile({.title = QStringLiteral("Program"),
+                                        .folder = QStringLiteral("/usr/bin"),
+                                        .filter = QStringLiteral("Program|*.exe|Alla filer|*")});
     if (!fil) return;
     ÅteröppnaDatabasar();
     platform::Recordset& rad = db().rsSVDINI;

@@ -11,7 +11,8 @@
 
 using platform::Named;
 
-frGrid::frGrid() : QDialog(&frTest::instans()) {
+frGrid::frGrid()
+    : QDialog(&frTest::instans()) {
     setObjectName(QStringLiteral("frGrid"));
     setWindowTitle(QStringLiteral("Grid Karta"));
     picKarta = Named(new QLabel, "picKarta");
@@ -25,7 +26,8 @@ frGrid::frGrid() : QDialog(&frTest::instans()) {
     plats->addWidget(yta, 1);
     plats->addWidget(cmdAvbryt, 0, Qt::AlignRight);
     connect(cmdAvbryt, &QPushButton::clicked, this, &QWidget::close);
-    resize((picKarta->sizeHint() + QSize(40, 80)).boundedTo(screen()->availableGeometry().size() - QSize(40, 60)));
+    resize((picKarta->sizeHint() + QSize(40, 80))
+               .boundedTo(screen()->availableGeometry().size() - QSize(40, 60)));
 }
 
 frGrid& frGrid::instans() { return platform::SingleWindow<frGrid>::get(); }

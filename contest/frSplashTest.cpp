@@ -14,7 +14,8 @@ namespace {
 constexpr int antalTick = 20; // of 100 ms
 }
 
-frSplashTest::frSplashTest() : QDialog(nullptr, Qt::SplashScreen) {
+frSplashTest::frSplashTest()
+    : QDialog(nullptr, Qt::SplashScreen) {
     setObjectName(QStringLiteral("frSplashTest"));
     setWindowTitle(Produkt);
     picLogo = Named(new QLabel, "picLogo");
@@ -25,7 +26,8 @@ frSplashTest::frSplashTest() : QDialog(nullptr, Qt::SplashScreen) {
     plats->setContentsMargins(12, 12, 12, 8);
     plats->addWidget(picLogo);
     plats->addWidget(lblver);
-    TimerSplash = new platform::Timer(QStringLiteral("TimerSplash"), [this] { TimerSplash_Tick(); }, this);
+    TimerSplash = new platform::Timer(
+        QStringLiteral("TimerSplash"), [this] { TimerSplash_Tick(); }, this);
 }
 
 frSplashTest& frSplashTest::instans() { return platform::SingleWindow<frSplashTest>::get(); }

@@ -86,7 +86,9 @@ void frTest::SättRubrik(const QString& titel) {
     setWindowTitle(titel + QStringLiteral("  TestSignal: ") + delat.OpSignal);
 }
 
-void frTest::SBarTest(int panel, const QString& text) { paneler_.at(static_cast<size_t>(panel - 1))->setText(text); }
+void frTest::SBarTest(int panel, const QString& text) {
+    paneler_.at(static_cast<size_t>(panel - 1))->setText(text);
+}
 
 QString frTest::SBarTest(int panel) const { return paneler_.at(static_cast<size_t>(panel - 1))->text(); }
 
@@ -101,7 +103,8 @@ void frTest::StängAlltOchSpara() {
 
 void frTest::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (!platform::AskYesNo(QStringLiteral("Vill du verkligen avsluta Sorvik ?"), QStringLiteral("Sorvik"))) return;
+    if (!platform::AskYesNo(QStringLiteral("Vill du verkligen avsluta Sorvik ?"), QStringLiteral("Sorvik")))
+        return;
     // The log that may be open is left alone: its clocks are not written back at exit.
     StängAlltOchSpara();
     hide();

@@ -66,7 +66,8 @@ frTestInst::frTestInst() {
     ByggFönster();
     for (Fält* fält : {txtSignal, txtEgenSignal, txtKlubbSignal, txtPrefix, txtTestLokator})
         fält->OnKeyPress(platform::UpperCase);
-    for (Fält* fält : {txtNamn, txtAdress, txtPostAdress, txtLand}) fält->OnKeyPress(platform::UpperCaseAtStart);
+    for (Fält* fält : {txtNamn, txtAdress, txtPostAdress, txtLand})
+        fält->OnKeyPress(platform::UpperCaseAtStart);
     connect(cmdSpara, &QPushButton::clicked, this, [this] {
         SparaSVDIni();
         if (contest::TestFör(delat.AktuelltTest).kollaTestDatum) KollaTestDatum();

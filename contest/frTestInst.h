@@ -25,9 +25,9 @@ public:
     void KollaTestDatum();
     void Initiera_Combo();
 
-    Fält *txtEgenSignal, *txtNamn, *txtAdress, *txtPostnr, *txtPostAdress, *txtEmail, *txtLand, *txtRig, *txtAntenn,
-        *txtHöjdHav, *txtHöjdLand, *txtKlubbSignal, *txtTestDatum, *txtSignal, *txtTestLokator, *txtITU, *txtZON,
-        *txtPrefix, *txtEffekt;
+    Fält *txtEgenSignal, *txtNamn, *txtAdress, *txtPostnr, *txtPostAdress, *txtEmail, *txtLand, *txtRig,
+        *txtAntenn, *txtHöjdHav, *txtHöjdLand, *txtKlubbSignal, *txtTestDatum, *txtSignal, *txtTestLokator,
+        *txtITU, *txtZON, *txtPrefix, *txtEffekt;
     platform::ComboBox* cmbUTC;
     QPushButton *cmdSpara, *cmdRensa, *cmdAvbryt;
 

@@ -18,7 +18,8 @@ namespace {
 constexpr int antalRader = 18;
 } // namespace
 
-frTestVal::frTestVal() : QDialog(&frTest::instans()) {
+frTestVal::frTestVal()
+    : QDialog(&frTest::instans()) {
     setObjectName(QStringLiteral("frTestVal"));
     setWindowTitle(QStringLiteral("Val av Test"));
     fgTestVal = Named(new platform::FlexGrid, "fgTestVal");
@@ -91,6 +92,7 @@ void frTestVal::ValavTest() {
         f.lblMultiplar->setText(QStringLiteral("0"));
         f.lblDiplom->setText(QStringLiteral("0"));
     } catch (const platform::Failure&) {
-        platform::MsgBox(QStringLiteral("Ett fel har inträffat vid val av test!"), QStringLiteral("ValavTest"));
+        platform::MsgBox(QStringLiteral("Ett fel har inträffat vid val av test!"),
+                         QStringLiteral("ValavTest"));
     }
 }

@@ -15,12 +15,14 @@
 namespace {
 
 QChar Frekvenstecken(QChar typed, const QLineEdit&) {
-    return (typed >= QLatin1Char('0') && typed <= QLatin1Char('9')) || typed == QLatin1Char(',') ? typed : QChar();
+    return (typed >= QLatin1Char('0') && typed <= QLatin1Char('9')) || typed == QLatin1Char(',') ? typed
+                                                                                                 : QChar();
 }
 
 /// The report that a mode starts with; empty where the mode says nothing of it.
 QString RapportFör(const QString& trafiksätt) {
-    if (trafiksätt == QLatin1String("CW") || trafiksätt == QLatin1String("RTTY")) return QStringLiteral("599");
+    if (trafiksätt == QLatin1String("CW") || trafiksätt == QLatin1String("RTTY"))
+        return QStringLiteral("599");
     if (trafiksätt == QLatin1String("SSB")) return QStringLiteral("59");
     return {};
 }
@@ -44,9 +46,9 @@ void frTest::KopplaFormulär() {
     cmbTrafik->OnClick([this] { cmbTrafik_Click(); });
 
     // Index by index as the window was drawn; fields without a number of their own fill the gaps.
-    tabbordning_ = {txtSignal, txtRSTM,  txtLöpnrM, txtDiplom,   cmbTrafik,  cmbBand,  cmbDiplom, txtFrekvens,
-                    txtITUM,   txtZONM,  txtNamn,   txtNotering, txtLokator, txtDatum, cmdSpara,  cmdAvbryt,
-                    txtLöpnrS, cmdVisa,  cmdRadera, cmdVila,     txtInfo,    dgLogg,   txtRSTS};
+    tabbordning_ = {txtSignal, txtRSTM, txtLöpnrM, txtDiplom,   cmbTrafik,  cmbBand,  cmbDiplom, txtFrekvens,
+                    txtITUM,   txtZONM, txtNamn,   txtNotering, txtLokator, txtDatum, cmdSpara,  cmdAvbryt,
+                    txtLöpnrS, cmdVisa, cmdRadera, cmdVila,     txtInfo,    dgLogg,   txtRSTS};
     txtLöpnrS->TabStop(false);
     VerkställTabbordning();
 }
@@ -150,7 +152,8 @@ void frTest::cmbTrafik_Click() {
 }
 
 void frTest::Initiera_Combo() {
-    for (const char* trafiksätt : {"CW", "SSB", "RTTY", "FM", "AM"}) cmbTrafik->addItem(QLatin1String(trafiksätt));
+    for (const char* trafiksätt : {"CW", "SSB", "RTTY", "FM", "AM"})
+        cmbTrafik->addItem(QLatin1String(trafiksätt));
     for (const char* band : {"160 M", "80 M", "40 M", "20 M", "15 M", "10 M", "6 M", "2 M", "70 CM"})
         cmbBand->addItem(QLatin1String(band));
 }
@@ -163,7 +166,8 @@ void frTest::SättTabIndex(QWidget* fält, int index) {
 }
 
 void frTest::VerkställTabbordning() {
-    for (size_t i = 1; i < tabbordning_.size(); ++i) QWidget::setTabOrder(tabbordning_[i - 1], tabbordning_[i]);
+    for (size_t i = 1; i < tabbordning_.size(); ++i)
+        QWidget::setTabOrder(tabbordning_[i - 1], tabbordning_[i]);
 }
 
 void frTest::Tabbföljd(int nummer) {

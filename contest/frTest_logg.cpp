@@ -7,8 +7,8 @@
 #include "platform/windows.h"
 #include "store/Databaser.h"
 #include "store/RäknaModul.h"
-#include "store/SparaModul.h"
 #include "store/SparaKolumner.h"
+#include "store/SparaModul.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -67,7 +67,9 @@ void StängMarkör(platform::Recordset& markör) {
 
 } // namespace
 
-bool frTest::HarLogg() const { return delat.TestLoggÖppen && db().rsTESTQSO.IsOpen() && db().rsINFO.IsOpen(); }
+bool frTest::HarLogg() const {
+    return delat.TestLoggÖppen && db().rsTESTQSO.IsOpen() && db().rsINFO.IsOpen();
+}
 
 void frTest::NyTestLogg() {
     try {
@@ -89,8 +91,8 @@ void frTest::NyTestLogg() {
 
 void frTest::ÖppnaTestLogg() {
     try {
-        const auto fil =
-            platform::AskFile({.title = QStringLiteral("Öppna Logg"), .folder = Loggmapp(), .filter = loggFilter});
+        const auto fil = platform::AskFile(
+            {.title = QStringLiteral("Öppna Logg"), .folder = Loggmapp(), .filter = loggFilter});
         if (!fil) return;
         delat.TestLoggFil = *fil;
         delat.TestLoggTitel = QFileInfo(*fil).fileName();
@@ -167,8 +169,8 @@ void frTest::StängTestLogg() {
                 for (platform::Recordset* markör : {&d.rsState, &d.rsProvince}) StängMarkör(*markör);
             else
                 for (platform::Recordset* markör : {&d.rsSignal, &d.rsDXCC}) StängMarkör(*markör);
-            for (platform::Recordset* markör : {&d.rsDiplom, &d.rsTidigare, &d.rsITU, &d.rsZon, &d.rsMultiplar,
-                                                &d.rsPoäng, &d.rsDistrikt})
+            for (platform::Recordset* markör :
+                 {&d.rsDiplom, &d.rsTidigare, &d.rsITU, &d.rsZon, &d.rsMultiplar, &d.rsPoäng, &d.rsDistrikt})
                 StängMarkör(*markör);
             if (d.rsINFO.IsOpen()) {
                 SkrivINFO([this](platform::Recordset& info) {

@@ -1,11 +1,11 @@
 #include "contest/frTest.h"
 
 #include "contest/DeladeVärden.h"
+#include "contest/Programval.h"
 #include "contest/frGrid.h"
 #include "contest/frTestInst.h"
 #include "contest/frTestOm.h"
 #include "contest/frTestVal.h"
-#include "contest/Programval.h"
 
 #include <QMenuBar>
 
@@ -18,8 +18,8 @@ struct Menypost {
     const char* text; ///< empty: a line between entries
 };
 
-// Names and captions are what operators' notes and scripts refer to; the capital or small letter behind "mnu",
-// the blanks inside a caption and the bracketed keys are part of them.
+// Names and captions are what operators' notes and scripts refer to; the capital or small letter behind
+// "mnu", the blanks inside a caption and the bracketed keys are part of them.
 constexpr Menypost menyposter[] = {
     {0, "mnuArkiv", "&Arkiv"},
     {1, "mnuArkiv_NyTestLogg", "Ny Testlogg..."},
@@ -126,8 +126,9 @@ void frTest::ByggMenyer() {
         platform::Named(åtgärd, post.namn);
         menyer_[QString::fromUtf8(post.namn)] = åtgärd;
     }
-    for (const char* namn : {"mnuInställning_RoppaCQ", "mnuInställning_SvaraCQ", "mnuInställning_Tabbstop_RST",
-                             "mnuInställning_Tabbstop_Löpnr", "mnuRadio_På", "mnuRadio_Av"})
+    for (const char* namn :
+         {"mnuInställning_RoppaCQ", "mnuInställning_SvaraCQ", "mnuInställning_Tabbstop_RST",
+          "mnuInställning_Tabbstop_Löpnr", "mnuRadio_På", "mnuRadio_Av"})
         Meny(namn)->setCheckable(true);
     Meny("mnuInställning_Tabbstop_RST")->setChecked(true);
     Meny("mnuInställning_SvaraCQ")->setChecked(true);

@@ -20,7 +20,8 @@ bool frTest::SparaVägras() {
     }
     const auto längd = txtDiplom->text().size();
     if (cmbDiplom->Text() == QLatin1String("Lokator") && längd != 4 && längd != 6 && längd != 0) {
-        platform::MsgBox(QStringLiteral("Felaktigt angiven lokator! Kontrollera."), QStringLiteral("Lokator"));
+        platform::MsgBox(QStringLiteral("Felaktigt angiven lokator! Kontrollera."),
+                         QStringLiteral("Lokator"));
         return true;
     }
     return false;
@@ -100,7 +101,8 @@ void frTest::cmdRadera_Click() {
     platform::Recordset& logg = db().rsTESTQSO;
     if (!delat.RedigeraQSO || !HarLogg() || logg.IsBOF() || logg.IsEOF()) return;
     const QString signal = logg.Field(QStringLiteral("Signal")).text();
-    if (!platform::AskYesNo(QStringLiteral("Vill du verkligen radera ") + signal + QStringLiteral(" från loggen?"),
+    if (!platform::AskYesNo(QStringLiteral("Vill du verkligen radera ") + signal +
+                                QStringLiteral(" från loggen?"),
                             QStringLiteral("Radera")))
         return;
     const QString multiplar = logg.Field(QStringLiteral("Multiplar")).text();

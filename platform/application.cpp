@@ -40,7 +40,8 @@ void EndByFailure(const QString& message) {
     EndProcess(1);
 }
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+Application::Application(int& argc, char** argv)
+    : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("Sorvik"));
     setApplicationDisplayName(QString());
 }

@@ -66,7 +66,9 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
 
 // ---- DataGrid -----------------------------------------------------------------------------------------
 
-DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new RecordsetModel(this)) {
+DataGrid::DataGrid(QWidget* parent)
+    : QTableView(parent)
+    , model_(new RecordsetModel(this)) {
     setModel(model_);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionBehavior(QAbstractItemView::SelectRows);

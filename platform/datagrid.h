@@ -17,7 +17,8 @@ struct GridColumn {
 /// The rows of a recordset as a table model, read on demand: only what is on screen is ever looked at.
 class RecordsetModel : public QAbstractTableModel {
 public:
-    explicit RecordsetModel(QObject* parent) : QAbstractTableModel(parent) {}
+    explicit RecordsetModel(QObject* parent)
+        : QAbstractTableModel(parent) {}
 
     /// nullptr shows nothing.
     void Bind(Recordset* recordset, std::vector<GridColumn> columns);

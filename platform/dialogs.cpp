@@ -29,7 +29,8 @@ void MsgBox(const QString& text, const QString& title) {
 
 bool AskYesNo(const QString& text, const QString& title) {
     if (Dialogs().yesNo) return Dialogs().yesNo(text, title);
-    return showBox(QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return showBox(QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No) ==
+           QMessageBox::Yes;
 }
 
 QString NameFilters(const QString& filter) {

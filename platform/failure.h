@@ -11,7 +11,9 @@ namespace platform {
 /// ends the process.
 class Failure : public std::exception {
 public:
-    explicit Failure(QString message) : message_(std::move(message)), utf8_(message_.toUtf8()) {}
+    explicit Failure(QString message)
+        : message_(std::move(message))
+        , utf8_(message_.toUtf8()) {}
 
     const QString& message() const { return message_; }
     const char* what() const noexcept override { return utf8_.constData(); }

@@ -3,7 +3,8 @@
 namespace platform {
 
 Timer::Timer(const QString& name, std::function<void()> tick, QObject* parent)
-    : QObject(parent), tick_(std::move(tick)) {
+    : QObject(parent)
+    , tick_(std::move(tick)) {
     setObjectName(name);
     timer_.setTimerType(Qt::CoarseTimer);
     connect(&timer_, &QTimer::timeout, this, [this] { tick_(); });

@@ -17,7 +17,8 @@ QChar UpperCaseAtStart(QChar typed, const QLineEdit& field) {
 
 // ---- TextBox ------------------------------------------------------------------------------------------
 
-TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
+TextBox::TextBox(QWidget* parent)
+    : QLineEdit(parent) {
     // What is pasted or composed passes the same filter as what is typed.
     connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) {
         const QString mapped = Mapped(edited);
@@ -81,7 +82,8 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event) {
 
 // ---- ComboBox -----------------------------------------------------------------------------------------
 
-ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
+ComboBox::ComboBox(QWidget* parent)
+    : QComboBox(parent) {
     setEditable(true);
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
@@ -136,7 +138,8 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
 
 // ---- FlexGrid -----------------------------------------------------------------------------------------
 
-FlexGrid::FlexGrid(QWidget* parent) : QTableWidget(parent) {
+FlexGrid::FlexGrid(QWidget* parent)
+    : QTableWidget(parent) {
     horizontalHeader()->hide();
     verticalHeader()->hide();
     setEditTriggers(QAbstractItemView::NoEditTriggers);

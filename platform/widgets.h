@@ -107,7 +107,8 @@ public:
 };
 
 /// Gives a widget its name for tests and its spoken name for accessibility tools.
-template <class W> W* Named(W* widget, const char* name) {
+template <class W>
+W* Named(W* widget, const char* name) {
     widget->setObjectName(QString::fromUtf8(name));
     return widget;
 }

@@ -13,7 +13,8 @@ std::vector<std::function<void()>>& unloaders();
 }
 
 /// The single instance of a window class, made when first asked for and kept until it is unloaded.
-template <class W> class SingleWindow {
+template <class W>
+class SingleWindow {
 public:
     static W& get() {
         if (!slot()) {

@@ -27,7 +27,8 @@ void Stäng(Recordset& markör, Connection& anslutning) {
 
 void ÖppnaMinne(Recordset& markör, Connection& anslutning, const char* fil, const char* tabell) {
     Stäng(markör, anslutning);
-    // What is remembered of other stations can be heard again, so it need not wait for the disk as a log does.
+    // What is remembered of other stations can be heard again, so it need not wait for the disk as a log
+    // does.
     ÖppnaKlient(anslutning, fil, Durability::Relaxed);
     markör.Open(QString::fromUtf8(tabell), anslutning);
 }

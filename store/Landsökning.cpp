@@ -32,14 +32,17 @@ constexpr std::array bandkolumner = {u"160 M", u"80 M", u"40 M", u"30 M", u"20 M
                                      u"15 M",  u"12 M", u"10 M", u"6 M",  u"2 M",  u"70 CM"};
 constexpr std::array trafikkolumner = {u"RTTY", u"CW", u"SSB", u"AM", u"FM"};
 
-template <class Kolumner> bool AllaTomma(const platform::Recordset& rad, const Kolumner& kolumner) {
-    return std::all_of(kolumner.begin(), kolumner.end(),
-                       [&rad](const char16_t* namn) { return rad.Field(QString::fromUtf16(namn)).text().isEmpty(); });
+template <class Kolumner>
+bool AllaTomma(const platform::Recordset& rad, const Kolumner& kolumner) {
+    return std::all_of(kolumner.begin(), kolumner.end(), [&rad](const char16_t* namn) {
+        return rad.Field(QString::fromUtf16(namn)).text().isEmpty();
+    });
 }
 
 /// The column that the mode is kept under.
 QString Trafikkolumn(const QString& trafiksätt, qsizetype tecken) {
-    return trafiksätt.left(tecken) == QStringLiteral("PSK31").left(tecken) ? QStringLiteral("PSK31") : trafiksätt;
+    return trafiksätt.left(tecken) == QStringLiteral("PSK31").left(tecken) ? QStringLiteral("PSK31")
+                                                                           : trafiksätt;
 }
 
 } // namespace

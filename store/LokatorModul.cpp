@@ -27,9 +27,10 @@ void VisaRiktningAvstånd(const QString& Från, const QString& Till) {
     const auto mål = store::VäljMål(f.lblTyp->text(), f.txtDiplom->text(), Till, LandLokator());
     const auto väg = mål ? store::RiktningAvstånd(Från, *mål) : std::nullopt;
     if (!väg) {
-        platform::MsgBox(QStringLiteral("Problem att räkna ut riktning och avstånd. Kontrollera att din lokator "
-                                        "är rätt angiven!"),
-                         QStringLiteral("VisaRiktningAvstånd"));
+        platform::MsgBox(
+            QStringLiteral("Problem att räkna ut riktning och avstånd. Kontrollera att din lokator "
+                           "är rätt angiven!"),
+            QStringLiteral("VisaRiktningAvstånd"));
         return;
     }
     f.lblAvstånd->setText(store::AvståndText(*väg));

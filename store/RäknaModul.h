@@ -7,5 +7,6 @@
 void KollaPoäng(int Test);
 
 /// Counts the log anew and shows the total. The sum of the points goes to lblQSOPoäng as well.
-/// @throws platform::Failure on an overflow or a row whose points are no number; the labels keep their values.
+/// @throws platform::Failure on an overflow or a row whose points are no number; the labels keep their
+/// values.
 void RäknaPoäng(int Test);

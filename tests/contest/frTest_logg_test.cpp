@@ -51,8 +51,9 @@ TEST_F(LoggProv, AContactTypedAndSavedWithTheKeyboardAloneIsInTheFile) {
     EXPECT_EQ(QApplication::focusWidget(), f.txtDiplom);
     Skriv("jo89wj");
     Tryck(Qt::Key_Return);
-    const auto rader = Läs(Logg(), "SELECT Datum, Tid, Signal, Multiplar, Diplom, Rutor, DXCC, Land, Prefix, Poäng "
-                                   "FROM TESTQSO");
+    const auto rader =
+        Läs(Logg(), "SELECT Datum, Tid, Signal, Multiplar, Diplom, Rutor, DXCC, Land, Prefix, Poäng "
+                    "FROM TESTQSO");
     const std::vector<std::vector<QString>> väntat = {
         {"2026-12-01", "18:00:00", "SM5ABC", "JO89WJ", "JO89", "JO89", "SM", "Sverige", "SM5", "500"}};
     EXPECT_EQ(rader, väntat);

@@ -1,7 +1,7 @@
 // Loaded into the unchanged program by LD_PRELOAD: tells a scenario what the controls show.
 //
-// When the file "ask" appears in the folder that SORVIK_PROBE names, every named control is written to the file
-// "answer", a line each: window, name, "visible" or "hidden", "on" or "off", "focus" or "-", text.
+// When the file "ask" appears in the folder that SORVIK_PROBE names, every named control is written to the
+// file "answer", a line each: window, name, "visible" or "hidden", "on" or "off", "focus" or "-", text.
 
 #include <QtWidgets>
 
@@ -24,9 +24,9 @@ QString TextOf(const QWidget* widget) {
 void WriteWidget(QTextStream& out, const QString& window, const QWidget* widget) {
     QString text = TextOf(widget);
     text.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    out << window << '\t' << widget->objectName() << '\t' << (widget->isVisible() ? "visible" : "hidden") << '\t'
-        << (widget->isEnabled() ? "on" : "off") << '\t' << (widget->hasFocus() ? "focus" : "-") << '\t' << text
-        << '\n';
+    out << window << '\t' << widget->objectName() << '\t' << (widget->isVisible() ? "visible" : "hidden")
+        << '\t' << (widget->isEnabled() ? "on" : "off") << '\t' << (widget->hasFocus() ? "focus" : "-")
+        << '\t' << text << '\n';
 }
 
 void Answer(const QDir& folder) {
