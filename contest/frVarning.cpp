@@ -52,8 +52,8 @@ void frVarning::VisaModalt() {
     const bool ok = exec() == QDialog::Accepted;
     lblVarning2->setText(dubblettText);
     delat.VarningUppe = false;
+    f.activateWindow(); // the next key belongs to the form, however the window went away
     if (!ok) return;
     f.RensaTest();
-    f.activateWindow();
     f.txtSignal->setFocus();
 }
