@@ -10,15 +10,15 @@ protected:
         LogFile::SetUp();
         runSql(path_, R"(
             CREATE TABLE T (N INTEGER, Signal TEXT, "Band " TEXT, "DXCC Nr" TEXT, "Trafiksätt" TEXT, "Poäng" INTEGER,
-                            "2" TEXT, "Or" TEXT);
-            INSERT INTO T VALUES (1,'SM5ABC','2 M','284','CW',2,'x','y'),
-                                 (2,'sm5abc','70 CM','284','SSB',10,'',''),
-                                 (3,'ÅLAND','2 M','05','cw',2,'',''),
-                                 (4,'åland','','5','FM',2.5,'',''),
-                                 (5,NULL,NULL,NULL,NULL,NULL,NULL,NULL),
-                                 (6,'','6 M','','CW',-1,'',''),
-                                 (7,'SM5ABCD','2 M','x5','RTTY','text','',''),
-                                 (8,'5*','2 M','5.0','%',100,'','');)");
+                            "2" TEXT, "Or" TEXT, "4Q" TEXT);
+            INSERT INTO T VALUES (1,'SM5ABC','2 M','284','CW',2,'x','y','z'),
+                                 (2,'sm5abc','70 CM','284','SSB',10,'','',''),
+                                 (3,'ÅLAND','2 M','05','cw',2,'','',''),
+                                 (4,'åland','','5','FM',2.5,'','',''),
+                                 (5,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL),
+                                 (6,'','6 M','','CW',-1,'','',''),
+                                 (7,'SM5ABCD','2 M','x5','RTTY','text','','',''),
+                                 (8,'5*','2 M','5.0','%',100,'','','');)");
         rows_.Open("T", connection_);
     }
 
@@ -56,6 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
         Accepted{"BracketedNamesIgnoreCase", "[dxcc nr] = '284'", "1,2"},
         Accepted{"ReservedWordsAreColumnsInBrackets", "[Or] = 'y'", "1"},
         Accepted{"DigitsAreAColumnInBrackets", "[2] = 'x'", "1"},
+        Accepted{"BareNamesMayBeginWithADigit", "4Q = 'z'", "1"},
         Accepted{"BlanksBetweenDoNotMatter", "  Signal='SM5ABC'AND  Poäng=2 ", "1"},
         Accepted{"TwoBlanksBeforeTheSign", "Signal  = 'SM5ABC'", "1,2"},
         Accepted{"BlanksInATextMatter", "Signal = 'SM5ABC '", ""},

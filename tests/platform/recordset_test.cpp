@@ -216,12 +216,12 @@ TEST_F(RecordsetTest, SortGoesBySeveralColumnsAndByNumbers) {
 TEST_F(RecordsetTest, SortOrdersFoldedTextsByCodeUnit) {
     runSql(path_,
            "CREATE TABLE T (A TEXT); INSERT INTO T VALUES ('b'),('Ö'),('a'),(NULL),('Å'),('ä'),('B'),(''),"
-           "('10'),('9'),('abcdefgh2'),('ABCDEFGH1'),('Aþ'),('Aÿx'),('aÿ');");
+           "('10'),('9'),('abcdefgh2'),('ABCDEFGH1'),('Aþ'),('Aÿx'),('aÿ'),('őa'),('āb');");
     Recordset rows;
     rows.Open("T", connection_);
     rows.Sort("A");
     EXPECT_EQ(column(rows, "A"), QStringList({"", "", "10", "9", "a", "ABCDEFGH1", "abcdefgh2", "Aþ", "aÿ",
-                                              "Aÿx", "b", "B", "ä", "Å", "Ö"}));
+                                              "Aÿx", "b", "B", "ä", "Å", "Ö", "āb", "őa"}));
     EXPECT_TRUE(rows.Field("A").isNull());
 }
 
@@ -301,12 +301,14 @@ TEST_F(RecordsetTest, ABookmarkToARowThatTheFilterHidesMakesItCurrentAllTheSame)
 
 TEST_F(RecordsetTest, ABookmarkToADeletedRowIsAFailureAndNeverNamesAnotherRow) {
     log_.MoveLast();
-    const Bookmark mark = log_.GetBookmark();
-    log_.Delete();
-    EXPECT_THROW(log_.SetBookmark(mark), Failure);
-    add(log_, "SM0NEW");
-    EXPECT_THROW(log_.SetBookmark(mark), Failure);
-    EXPECT_EQ(sign(), "SM0NEW");
+    for (int i = 0; i < 2; ++i) {
+        const Bookmark mark = log_.GetBookmark();
+        log_.Delete();
+        EXPECT_THROW(log_.SetBookmark(mark), Failure);
+        add(log_, "SM0NEW");
+        EXPECT_THROW(log_.SetBookmark(mark), Failure);
+        EXPECT_EQ(sign(), "SM0NEW");
+    }
     EXPECT_THROW(log_.SetBookmark(Bookmark()), Failure);
 }
 

@@ -75,6 +75,14 @@ TEST_F(WriteTest, AnEditedRowThatTheFilterWouldHideStaysInSightUntilTheFilterIsS
     EXPECT_EQ(log_.RecordCount(), 1);
 }
 
+TEST_F(WriteTest, ARowWrittenAfterTheFilterWasSetIsInSightThoughNothingWasReadBetween) {
+    log_.Field("Signal", "PENDING");
+    log_.Filter("Signal = 'oh2xyz'");
+    log_.Update();
+    EXPECT_EQ(log_.RecordCount(), 2);
+    EXPECT_EQ(signs(log_), QStringList({"PENDING", "oh2xyz"}));
+}
+
 TEST_F(WriteTest, AKeptRowStaysInSightAmongVeryManyHits) {
     QByteArray sql = "BEGIN;";
     for (int i = 0; i < 3000; ++i) {
@@ -390,6 +398,24 @@ TEST_F(WriteTest, ARowThatAnotherHasDeletedFailsTheUpdateAndLeavesTheSnapshot) {
     EXPECT_EQ(sign(), "LA1ÅB");
 }
 
+TEST_F(WriteTest, ARowThatIsGoneFailsForEachRecordsetInTurn) {
+    std::array<Recordset, 3> all;
+    for (Recordset& rows : all) {
+        rows.Open("TESTQSO", connection_);
+        rows.MoveLast();
+    }
+    all[0].Delete();
+    for (Recordset* rows : {&all[1], &all[2]}) {
+        rows->Field("Signal", "X");
+        EXPECT_THROW(rows->Update(), Failure);
+        EXPECT_EQ(rows->RecordCount(), 3);
+        EXPECT_TRUE(rows->IsEOF());
+    }
+    Recordset later;
+    later.Open("TESTQSO", connection_);
+    EXPECT_EQ(signs(all[2]), signs(later));
+}
+
 TEST_F(WriteTest, AConflictOfARowThatIsNotCurrentDoesNotMoveTheCursor) {
     log_.Field("Signal", "X");
     log_.MoveLast();
@@ -408,6 +434,15 @@ TEST_F(WriteTest, AConflictAfterTheFilterHidTheRowReadsItAgainAllTheSame) {
     EXPECT_EQ(sign(), "oh2xyz");
     log_.Filter("");
     EXPECT_EQ(sign(), "OTHER");
+}
+
+TEST_F(WriteTest, AConflictLeavesTheFirstRowCurrentThoughTheOtherNowComesBeforeIt) {
+    log_.Field("Signal", "X");
+    log_.Sort("Poäng");
+    runSql(path_, "UPDATE TESTQSO SET \"Poäng\"=-5 WHERE rowid=1");
+    EXPECT_THROW(log_.Update(), Failure);
+    EXPECT_EQ(sign(), "LA1ÅB");
+    EXPECT_EQ(log_.AbsolutePosition(), 1);
 }
 
 TEST_F(WriteTest, ARowThatAnotherHasChangedOrDeletedIsNotDeleted) {
