@@ -3,26 +3,12 @@
 #include "support/Programprov.h"
 #include "support/ToPrint.h"
 
-#include "contest/frTestInst.h"
-#include "store/SparaModul.h"
-#include "store/frEditorTest.h"
-
 #include <QDir>
 
 namespace {
 
 class FormulärProv : public Programprov {
 protected:
-    /// A contact that stood in the log before, put there from outside.
-    void Loggad(const QString& signal, const QString& band, const QString& trafiksätt = "CW") {
-        Ändra(Logg(),
-              QString("INSERT INTO TESTQSO (Datum, Tid, Signal, Trafiksätt, \"Band \", Multiplar, Diplom, "
-                      "DXCC, \"DXCC Nr\", ITU, Zon, Prefix, Poäng, Rutor, Distrikt) VALUES ('2026-11-30', "
-                      "'20:00:00', '%1', '%3', '%2', '', '', 'SM', '284', '18', '14', 'SM5', 100, '', '')")
-                  .arg(signal, band, trafiksätt));
-        db().rsTESTQSO.Requery();
-        RequeryFrågor();
-    }
     QString Antal() const { return LäsEtt(Logg(), "SELECT count(*) FROM TESTQSO"); }
     QString Ett(const QString& kolumn) const {
         return LäsEtt(Logg(), "SELECT \"" + kolumn + "\" FROM TESTQSO ORDER BY rowid DESC");

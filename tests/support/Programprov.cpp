@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "platform/paths.h"
 #include "platform/windows.h"
+#include "store/SparaModul.h"
 #include "support/Provmapp.h"
 
 #include <sqlite3.h>
@@ -172,6 +173,19 @@ void Programprov::Kör(const QString& signal, const QString& lokator) {
     f.txtDiplom->setFocus();
     Skriv(lokator);
     Tryck(Qt::Key_Return);
+}
+
+void Programprov::Loggad(const QString& signal, const QString& band, const QString& trafiksätt) {
+    Ändra(delat.TestLoggFil,
+          QStringLiteral(
+              "INSERT INTO TESTQSO (Datum, Tid, Signal, Frekvens, Trafiksätt, \"Band \", Sänt, Mottaget, "
+              "Multiplar, LöpNr, Namn, QTH, ITU, Zon, Diplom, DXCC, Land, Notering, Prefix, \"DXCC Nr\", "
+              "Poäng, Distrikt, NDXCC, NRUTA, Dubblett, Rutor, LöpNrSR) VALUES ('2026-11-30', '20:00:00', "
+              "'%1', '0,000,00', '%3', '%2', '599', '599', '', '', '', '', '18', '14', '', 'SM', "
+              "'Sverige', '', 'SM5', '284', 100, '', '', '', '', '', '')")
+              .arg(signal, band, trafiksätt));
+    db().rsTESTQSO.Requery();
+    RequeryFrågor();
 }
 
 void Programprov::NärFönster(const char* klass, std::function<void(QWidget*)> gör) {

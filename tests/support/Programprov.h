@@ -58,6 +58,9 @@ protected:
     /// A contact as it is typed: call, Tab to the exchange, locator, Enter.
     void Kör(const QString& signal, const QString& lokator);
 
+    /// A Swedish contact of the evening before, written into the open log from outside and read in again.
+    void Loggad(const QString& signal, const QString& band, const QString& trafiksätt = QStringLiteral("CW"));
+
     /// Whether the control gets the focus, at once or as soon as its window is active again.
     static bool HarFokus(const QWidget* kontroll) {
         return QTest::qWaitFor([kontroll] { return QApplication::focusWidget() == kontroll; }, 2000);
