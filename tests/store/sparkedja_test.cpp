@@ -106,6 +106,7 @@ struct Längdfall {
     const char* utbyte;
     bool vägras;
 };
+void PrintTo(const Längdfall& fall, std::ostream* ut) { *ut << fall.test << " \"" << fall.utbyte << '"'; }
 class Utbytets : public Sparkedja, public ::testing::WithParamInterface<Längdfall> {};
 
 TEST_P(Utbytets, LengthIsLookedAtWhereTheListSaysLocator) {
@@ -255,6 +256,7 @@ struct Efterfall {
     const char* lokator;
     int rader;
 };
+void PrintTo(const Efterfall& fall, std::ostream* ut) { *ut << fall.test; }
 class EfterSparning : public Sparkedja, public ::testing::WithParamInterface<Efterfall> {};
 
 TEST_P(EfterSparning, TheLongestContactAndTheLocatorAreKeptInContests0To8) {
@@ -344,6 +346,7 @@ struct Saknarfall {
     const char* saknas;
     bool vägras;
 };
+void PrintTo(const Saknarfall& fall, std::ostream* ut) { *ut << fall.test << ' ' << fall.saknas; }
 class Saknad : public Sparkedja, public ::testing::WithParamInterface<Saknarfall> {};
 
 TEST_P(Saknad, FieldOfANewContactRefusesItAndTheChainGoesOn) {
@@ -462,6 +465,7 @@ struct Menysumma {
     int test;
     const char* rader; ///< Poäng of three contacts
 };
+void PrintTo(const Menysumma& fall, std::ostream* ut) { *ut << fall.test; }
 class Menyns : public Sparkedja, public ::testing::WithParamInterface<Menysumma> {};
 
 TEST_P(Menyns, RowGetsTheSumOfTheLogSoFar) {
