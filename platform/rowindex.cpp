@@ -6,10 +6,6 @@
 
 namespace platform {
 
-RowIndex::~RowIndex() {
-    buckets_.forEach([](Bucket& bucket) { delete &bucket; });
-}
-
 RowSpan RowIndex::find(const std::vector<const Key*>& keys) const {
     KeyTuple wanted{};
     std::copy(keys.begin(), keys.end(), wanted.begin());
@@ -28,9 +24,9 @@ RowIndex::KeyTuple RowIndex::tuple(const Row& row) const {
     return keys;
 }
 
-size_t RowIndex::hash(const KeyTuple& keys) {
+size_t RowIndex::hash(const KeyTuple& keys) const {
     size_t hash = 0;
-    for (const Key* key : keys) hash = qHash(reinterpret_cast<quintptr>(key), hash);
+    for (size_t i = 0; i < cells_.size(); ++i) hash = qHash(reinterpret_cast<quintptr>(keys[i]), hash);
     return hash;
 }
 
@@ -40,10 +36,20 @@ RowIndex::Bucket* RowIndex::findBucket(const KeyTuple& keys) const {
 
 RowIndex::Bucket& RowIndex::bucketFor(const KeyTuple& keys) {
     if (Bucket* bucket = findBucket(keys)) return *bucket;
-    auto* bucket = new Bucket;
+    Bucket* bucket = newBucket();
     bucket->keys = keys;
     buckets_.insert(hash(keys), bucket);
     return *bucket;
+}
+
+RowIndex::Bucket* RowIndex::newBucket() {
+    if (free_.empty()) {
+        chunks_.push_back(std::make_unique<Bucket[]>(kChunk));
+        for (size_t i = kChunk; i > 0; --i) free_.push_back(&chunks_.back()[i - 1]);
+    }
+    Bucket* bucket = free_.back();
+    free_.pop_back();
+    return bucket;
 }
 
 void RowIndex::takeOut(Bucket& bucket, std::ptrdiff_t at) {
@@ -54,7 +60,8 @@ void RowIndex::takeOut(Bucket& bucket, std::ptrdiff_t at) {
     }
     if (!bucket.rows().empty()) return;
     buckets_.erase(hash(bucket.keys), &bucket);
-    delete &bucket;
+    bucket = Bucket();
+    free_.push_back(&bucket);
 }
 
 void RowIndex::putIn(Bucket& bucket, std::ptrdiff_t at, const Row* row) {

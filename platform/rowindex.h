@@ -20,8 +20,6 @@ public:
     /// @pre 1 to kColumns cells
     explicit RowIndex(std::vector<int> cells)
         : cells_(std::move(cells)) {}
-    RowIndex(RowIndex&&) = default;
-    ~RowIndex();
 
     /// The rows whose columns have the keys, in natural order; good until the next change.
     RowSpan find(const std::vector<const Key*>& keys) const;
@@ -67,14 +65,20 @@ private:
     }
 
     KeyTuple tuple(const Row& row) const;
-    static size_t hash(const KeyTuple& keys);
+    size_t hash(const KeyTuple& keys) const;
     Bucket* findBucket(const KeyTuple& keys) const;
     Bucket& bucketFor(const KeyTuple& keys);
     void takeOut(Bucket& bucket, std::ptrdiff_t at);
     static void putIn(Bucket& bucket, std::ptrdiff_t at, const Row* row);
 
+    Bucket* newBucket();
+
     std::vector<int> cells_;
     PointerTable<Bucket> buckets_;
+    // The memory of the buckets, in large pieces: there can be as many as rows.
+    static constexpr size_t kChunk = 512;
+    std::vector<std::unique_ptr<Bucket[]>> chunks_;
+    std::vector<Bucket*> free_;
 };
 
 } // namespace platform
