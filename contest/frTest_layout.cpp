@@ -28,7 +28,7 @@ QFont Större(const QWidget* widget, double gånger, bool fet = true) {
 /// A field that is wide enough for so many characters and can be squeezed to three.
 frTest::Fält* NyttFält(const char* namn, int tecken, const char* färg = nullptr) {
     auto* fält = Named(new frTest::Fält, namn);
-    if (färg) fält->setStyleSheet(QStringLiteral("QLineEdit { %1 }").arg(QLatin1String(färg)));
+    if (färg) fält->setStyleSheet(QStringLiteral("QLineEdit:enabled { %1 }").arg(QLatin1String(färg)));
     fält->setMinimumWidth(fält->fontMetrics().averageCharWidth() * qMin(tecken, 12) + 14);
     fält->setMaximumWidth(fält->fontMetrics().averageCharWidth() * tecken * 2 + 14);
     return fält;

@@ -3,6 +3,7 @@
 #include "contest/DeladeVärden.h"
 #include "contest/Programval.h"
 #include "contest/frGrid.h"
+#include "contest/frHjälp.h"
 #include "contest/frTestInst.h"
 #include "contest/frTestOm.h"
 #include "contest/frTestVal.h"
@@ -157,6 +158,7 @@ void frTest::KopplaMenyer() {
     vid("mnuInställning_Epost", [] { VäljEpostprogram(); });
     vid("mnuRapport_Editor", [] { VäljEditor(); });
     vid("mnufönster_Grid", [] { frGrid::instans().Visa(); });
+    vid("mnuHjälp_Sorvik", [] { frHjälp::instans().Visa(); });
     vid("mnuHjälp_Om", [] { frTestOm::instans().Visa(); });
     // These two show a state; a click on the one that is set must not clear its mark.
     for (const char* namn : {"mnuRadio_På", "mnuRadio_Av"})

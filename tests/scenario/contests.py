@@ -91,6 +91,9 @@ def nac2m():
             [("type", "jo77"), ("key", "Tab shift+Tab End BackSpace"), ("type", "8")]),
         nac("SM3NN", "JP93KC", 885, "SM", "SM3", False, True),
         nac("SM2OO", "KP03DT", 987, "SM", "SM2", False, True),
+        # Typed in full, looked at, and thrown away with Esc.
+        Step([("type", "sm1qq"), ("key", "Tab Tab"), ("type", "jo97gk"), ("key", "Tab")], picture="mitt"),
+        Step([("key", "Escape")]),
         nac("SM0PP", "JO99AH", 499, "SM", "SM0", False, True),
         nac("OZ7QQ", "JO55", 131, "OZ"),
         nac("DL7RR", "JO62QN", 353, "DL", None, False, True),
