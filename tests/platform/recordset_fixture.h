@@ -89,5 +89,18 @@ protected:
     Connection connection_;
 };
 
+/// The same with the log open.
+class OpenLog : public LogFile {
+protected:
+    void SetUp() override {
+        LogFile::SetUp();
+        log_.Open("TESTQSO", connection_);
+    }
+    QString stored(const QByteArray& sql) const { return sqlValue(path_, sql); }
+    QString sign() const { return log_.Field("Signal").text(); }
+
+    Recordset log_;
+};
+
 } // namespace testing
 } // namespace platform

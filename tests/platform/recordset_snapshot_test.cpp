@@ -3,15 +3,7 @@
 namespace platform::testing {
 namespace {
 
-class SnapshotTest : public LogFile {
-protected:
-    void SetUp() override {
-        LogFile::SetUp();
-        log_.Open("TESTQSO", connection_);
-    }
-
-    Recordset log_;
-};
+class SnapshotTest : public OpenLog {};
 
 TEST_F(SnapshotTest, ASelectShowsItsColumnsInItsOrder) {
     Recordset select;

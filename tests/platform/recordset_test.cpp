@@ -3,16 +3,7 @@
 namespace platform::testing {
 namespace {
 
-class RecordsetTest : public LogFile {
-protected:
-    void SetUp() override {
-        LogFile::SetUp();
-        log_.Open("TESTQSO", connection_);
-    }
-    QString sign() const { return log_.Field("Signal").text(); }
-
-    Recordset log_;
-};
+class RecordsetTest : public OpenLog {};
 
 TEST_F(RecordsetTest, OpenStandsOnTheFirstStoredRow) {
     EXPECT_TRUE(log_.IsOpen());
