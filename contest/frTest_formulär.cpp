@@ -104,7 +104,7 @@ void frTest::txtDiplom_Change() {
 }
 
 void frTest::txtDiplom_GotFocus() {
-    if (lblTyp->text() == QLatin1String("Län") && txtDiplom->text().size() == 2) KollaDiplom();
+    if (lblTyp->text() == QStringLiteral("Län") && txtDiplom->text().size() == 2) KollaDiplom();
 }
 
 void frTest::txtDiplom_LostFocus() {
