@@ -73,7 +73,7 @@ constexpr Menypost menyposter[] = {
     {1, "mnufrDXSpotMeny_VisaDXCluster", "Visa DXCluster"},
     {1, "mnufrDXSpotMeny_DöljDXCluster", "Dölj DXCluster"},
     {1, "mnufrDXSpotMeny_VisaLogg", "Visa Logg"},
-    {0, "mnuRadio", "Ra&dio"},
+    {0, "mnuRadio", "Radi&o"},
     {1, "mnuRadio_På", "På"},
     {1, "mnuRadio_Av", "Av"},
     {1, "mnuRadio_Shift", "Shift"},
