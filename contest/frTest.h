@@ -110,6 +110,9 @@ public:
     void txtDiplom_Change();
     void txtDiplom_GotFocus();
     void txtDiplom_LostFocus();
+    /// Copies the current row of the log into the form for editing. Nobody calls it: the editor of logged
+    /// contacts has fields of its own. A failure shows its message.
+    void VisaTestQSOData();
     /// Fills the two lists with all modes and bands. Nobody calls it: the lists come with the contest.
     void Initiera_Combo();
     /// Nothing depends on it; it is kept for its name.

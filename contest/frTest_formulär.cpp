@@ -3,6 +3,7 @@
 #include "contest/DeladeVärden.h"
 #include "contest/Löpnummer.h"
 #include "platform/clock.h"
+#include "platform/dialogs.h"
 #include "store/Databaser.h"
 #include "store/Dubbletter.h"
 #include "store/Landsökning.h"
@@ -156,6 +157,48 @@ void frTest::Initiera_Combo() {
         cmbTrafik->addItem(QLatin1String(trafiksätt));
     for (const char* band : {"160 M", "80 M", "40 M", "20 M", "15 M", "10 M", "6 M", "2 M", "70 CM"})
         cmbBand->addItem(QLatin1String(band));
+}
+
+// ---- a logged contact ---------------------------------------------------------------------------------
+
+namespace {
+
+/// Selects the entry that equals a text; without one the list stays as it is.
+void VäljPost(platform::ComboBox& lista, const QString& text) {
+    for (int i = 0; i < lista.count(); ++i)
+        if (lista.itemText(i) == text) return lista.setCurrentIndex(i);
+}
+
+} // namespace
+
+void frTest::VisaTestQSOData() {
+    try {
+        const auto kolumn = [](const char* namn) {
+            return db().rsTESTQSO.Field(QString::fromUtf8(namn)).text();
+        };
+        txtDatum->setText(kolumn("Datum"));
+        txtUTCTid->setText(kolumn("Tid"));
+        txtPrefix->setText(kolumn("Prefix"));
+        txtDXCCNR->setText(kolumn("DXCC Nr"));
+        txtSignal->setText(kolumn("Signal"));
+        lblLand->setText(kolumn("Land"));
+        lblDXCC->setText(kolumn("DXCC"));
+        txtFrekvens->setText(kolumn("Frekvens"));
+        lblQSOPoäng->setText(kolumn("Poäng"));
+        // Before the reports: choosing a mode sets those.
+        VäljPost(*cmbTrafik, kolumn("Trafiksätt"));
+        VäljPost(*cmbBand, kolumn("Band "));
+        txtRSTM->setText(kolumn("Mottaget"));
+        txtRSTS->setText(kolumn("Sänt"));
+        txtNamn->setText(kolumn("Namn"));
+        txtNotering->setText(kolumn("Notering"));
+        txtITUM->setText(kolumn("ITU"));
+        txtZONM->setText(kolumn("Zon"));
+        txtDiplom->setText(kolumn("Diplom"));
+    } catch (const platform::Failure&) {
+        platform::MsgBox(QStringLiteral("Ett fel har inträffat vid visning av QSO"),
+                         QStringLiteral("VisaTestQSOData"));
+    }
 }
 
 // ---- tab order ----------------------------------------------------------------------------------------

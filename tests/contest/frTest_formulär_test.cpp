@@ -687,3 +687,47 @@ TEST_F(FormulärProv, WithNoLogOpenClearingStillEmptiesTheForm) {
     EXPECT_EQ(f.txtSignal->text(), "");
     EXPECT_EQ(f.lblLand->text(), "");
 }
+
+// ---- a logged contact on the form ---------------------------------------------------------------------
+
+TEST_F(FormulärProv, TheCurrentRowOfTheLogCanBeShownOnTheForm) {
+    frTest& f = StartaLogg(9);
+    Loggad("LA1AA", "40 M");
+    Ändra(Logg(),
+          "UPDATE TESTQSO SET Frekvens='7,010,00', Sänt='599 001', Mottaget='579 017', Namn='Ola', "
+          "Notering='fin', Diplom='LA (40 M)', DXCC='LA', Land='Norge', Prefix='LA', \"DXCC Nr\"='266', "
+          "ITU='77', Zon='88', Poäng=3");
+    db().rsTESTQSO.Requery();
+    f.VisaTestQSOData();
+    const auto texter = [&] {
+        QStringList alla;
+        for (const frTest::Fält* fält :
+             {f.txtDatum, f.txtUTCTid, f.txtPrefix, f.txtDXCCNR, f.txtSignal, f.txtFrekvens, f.txtRSTM,
+              f.txtRSTS, f.txtNamn, f.txtNotering, f.txtITUM, f.txtZONM, f.txtDiplom})
+            alla << fält->text();
+        return alla;
+    };
+    EXPECT_EQ(texter(), (QStringList{"2026-11-30", "20:00:00", "LA", "266", "LA1AA", "7,010,00", "579 017",
+                                     "599 001", "Ola", "fin", "77", "88", "LA (40 M)"}));
+    EXPECT_EQ(f.lblLand->text(), "Norge");
+    EXPECT_EQ(f.lblDXCC->text(), "LA");
+    EXPECT_EQ(f.lblQSOPoäng->text(), "3");
+    EXPECT_EQ(f.cmbBand->Text(), "40 M");
+    EXPECT_EQ(f.cmbTrafik->Text(), "CW");
+}
+
+TEST_F(FormulärProv, AShownModeIsChosenFromTheListAndKeepsTheStoredReports) {
+    frTest& f = StartaLogg(1);
+    Loggad("LA1AA", "160 M", "SSB");
+    f.VisaTestQSOData();
+    EXPECT_EQ(f.cmbTrafik->currentIndex(), 1);
+    EXPECT_EQ(f.cmbTrafik->Text(), "SSB");
+    EXPECT_EQ(f.cmbBand->Text(), "2 M") << "a band that is not in the list";
+    EXPECT_EQ(f.txtRSTM->text(), "599");
+}
+
+TEST_F(FormulärProv, AnEmptyLogHasNoContactToShow) {
+    frTest& f = StartaLogg(1);
+    f.VisaTestQSOData();
+    EXPECT_EQ(Tag(), (Meddelande{"Ett fel har inträffat vid visning av QSO", "VisaTestQSOData"}));
+}
