@@ -1,0 +1,66 @@
+// The country of a spot in an open log.
+#include "support/Programprov.h"
+
+#include "cluster/DXClusterModul.h"
+#include "store/Landsökning.h"
+
+class SpottlandProv : public Programprov {
+protected:
+    SpottlandProv() {
+        SpotSignal = SpotPrefix = SpotFrekvens = SpotTrafiksätt = QString();
+        SpotBand = 0;
+        SpotAvvisad = false;
+        SpotFörval = {};
+    }
+};
+
+TEST_F(SpottlandProv, AKnownCountrySortsTheSpotByItsFrequency) {
+    StartaLogg(1);
+    SpotSignal = "SM5ABC";
+    SpotFrekvens = "14,025,50";
+    KollaSpotPrefix();
+    KollaSpotLand();
+    EXPECT_EQ(SpotPrefix, "SM5");
+    EXPECT_EQ(SpotBand, 20);
+    EXPECT_EQ(SpotTrafiksätt, "CW");
+    EXPECT_FALSE(SpotAvvisad);
+    EXPECT_EQ(db().rsTESTDXCC.Field("DXCC").text(), "SM");
+}
+
+TEST_F(SpottlandProv, ASpotWithoutACountryIsLeftAlone) {
+    StartaLogg(1);
+    SpotFrekvens = "14,025,50";
+    for (const char* prefix : {"", "?"}) {
+        SpotPrefix = prefix;
+        KollaSpotLand();
+        EXPECT_EQ(SpotBand, 0);
+    }
+}
+
+TEST_F(SpottlandProv, AnUnwantedBandRefusesTheSpotForGood) {
+    StartaLogg(1);
+    SpotFörval.band[4] = false;
+    SpotPrefix = "OZ";
+    SpotFrekvens = "14,025,50";
+    KollaSpotLand();
+    EXPECT_TRUE(SpotAvvisad);
+    SpotFrekvens = "7,005,00";
+    KollaSpotLand();
+    EXPECT_TRUE(SpotAvvisad) << "once refused, a spot stays refused";
+}
+
+TEST_F(SpottlandProv, AFrequencyThatIsNoNumberFails) {
+    StartaLogg(1);
+    SpotPrefix = "OZ";
+    SpotFrekvens = "sjutton";
+    EXPECT_THROW(KollaSpotLand(), platform::Failure);
+}
+
+TEST_F(SpottlandProv, NothingInTheLogChanges) {
+    StartaLogg(1);
+    SpotPrefix = "OZ";
+    SpotFrekvens = "432,025,00";
+    KollaSpotLand();
+    EXPECT_EQ(SpotBand, 70);
+    EXPECT_EQ(LäsEtt(Logg(), "SELECT count(*) FROM TESTDXCC WHERE [70 CM] <> '' OR CW <> ''"), "0");
+}
