@@ -135,8 +135,8 @@ void Cursor::readAgain(const RowRef& row) {
 void Cursor::erase() {
     requireWritable();
     if (place_ == Place::New) return cancel();
-    edit_.reset();
     const RowRef row = currentRow();
+    edit_.reset();
     try {
         Transaction transaction(database_, Transaction::Kind::Write);
         requireUnchanged(row);

@@ -142,6 +142,13 @@ RowRef TableImage::read(qint64 id) {
     return isKnown && rows_[at]->hasCells(cells) ? rows_[at] : Row::make(id, cells);
 }
 
+RowRef TableImage::readBack(qint64 id) {
+    RowRef row = read(id);
+    // A trigger of a table from other hands can do away with what was just written.
+    if (!row) throw Failure(QStringLiteral("Den skrivna raden finns inte i tabellen."));
+    return row;
+}
+
 RowRef TableImage::insert(const std::vector<CellRef>& cells) {
     QByteArray names;
     QByteArray marks;
@@ -165,7 +172,7 @@ RowRef TableImage::insert(const std::vector<CellRef>& cells) {
         for (const Value* value : values) statement.bind(*value);
         statement.step();
     }
-    return read(database_.lastId());
+    return readBack(database_.lastId());
 }
 
 RowRef TableImage::update(const Row& row, const std::vector<CellRef>& cells) {
@@ -186,7 +193,7 @@ RowRef TableImage::update(const Row& row, const std::vector<CellRef>& cells) {
         statement.bind(row.id);
         statement.step();
     }
-    return read(row.id);
+    return readBack(row.id);
 }
 
 void TableImage::erase(qint64 id) {

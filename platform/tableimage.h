@@ -69,6 +69,8 @@ private:
     /// @param before the row before, where the values are looked for first
     void readCells(const Statement& statement, std::span<const CellRef> before,
                    std::vector<CellRef>& cells) const;
+    /// The row that was just written. @throws Failure if it is not there
+    RowRef readBack(qint64 id);
     void remember(Change change);
     size_t place(qint64 id) const;
     QByteArray columnList() const;

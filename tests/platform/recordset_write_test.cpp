@@ -342,6 +342,16 @@ TEST_F(WriteTest, DeleteDropsAPendingEdit) {
     EXPECT_EQ(stored("SELECT count(*) FROM TESTQSO"), "3");
 }
 
+TEST_F(WriteTest, DeleteWithoutACurrentRowLeavesThePendingOne) {
+    log_.AddNew();
+    log_.Field("Signal", "PENDING");
+    log_.MoveLast();
+    log_.MoveNext();
+    EXPECT_THROW(log_.Delete(), Failure);
+    log_.Update();
+    EXPECT_EQ(signs(log_).last(), "PENDING");
+}
+
 TEST_F(WriteTest, UpdateAfterDeleteDoesNothing) {
     log_.Delete();
     log_.Update();
@@ -381,6 +391,15 @@ TEST_F(WriteTest, DefaultsAndConversionsOfTheTableAreReadBack) {
     rows.Field("A", "y");
     rows.Update();
     EXPECT_EQ(stored("SELECT E FROM D"), "y!");
+}
+
+TEST_F(WriteTest, AWrittenRowThatATriggerDoesAwayWithIsAFailureAndStaysPending) {
+    runSql(path_, "CREATE TRIGGER t AFTER INSERT ON TESTQSO BEGIN DELETE FROM TESTQSO; END;");
+    log_.AddNew();
+    log_.Field("Signal", "GONE");
+    EXPECT_THROW(log_.Update(), Failure);
+    EXPECT_TRUE(log_.EditPending());
+    EXPECT_EQ(stored("SELECT count(*) FROM TESTQSO"), "4");
 }
 
 TEST_F(WriteTest, ATableWithItsOwnKeyCanBeWritten) {
