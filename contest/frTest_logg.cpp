@@ -204,6 +204,7 @@ void frTest::TömTESTQSO() {
 
 void frTest::InitieraTest(int test) {
     cmbTrafik->Clear();
+    delat.FT8Läge = false; // a locked mode is set without a choice that would clear it
     cmbBand->Clear();
     txtLokator->clear();
     const contest::Test* val = contest::HämtaTest(test);

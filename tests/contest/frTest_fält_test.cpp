@@ -261,6 +261,16 @@ TEST_F(FältProv, TheModeSetsBothReportsAndTheKeyingMenus) {
     }
 }
 
+TEST_F(FältProv, TheNextLogIsNotInFT8AnyMore) {
+    frTest& f = StartaLogg(1);
+    VäljTrafik(f, "FT8");
+    NyLogg(3, "tio.svk");
+    EXPECT_EQ(f.cmbTrafik->Text(), "CW");
+    EXPECT_FALSE(delat.FT8Läge);
+    EXPECT_EQ(f.txtRSTM->text(), "599");
+    EXPECT_TRUE(f.txtRSTM->TabStop());
+}
+
 TEST_F(FältProv, AfterFT8TheReportsAreBackEvenIfTheirTabStopWasOff) {
     frTest& f = StartaLogg(2);
     f.Meny("mnuInställning_Tabbstop_RST")->trigger();
