@@ -45,7 +45,10 @@ void KopieraMall(const QString& mål) {
     QFile::remove(mål + QStringLiteral("-journal"));
     std::error_code fel;
     std::filesystem::rename(QFile::encodeName(ny).toStdString(), QFile::encodeName(mål).toStdString(), fel);
-    if (fel) throw platform::Failure(QStringLiteral("cannot create ") + mål);
+    if (fel) {
+        QFile::remove(ny);
+        throw platform::Failure(QStringLiteral("cannot create ") + mål);
+    }
 }
 
 void SkrivAktuelltTest(const QString& fil) {
