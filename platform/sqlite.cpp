@@ -55,17 +55,22 @@ void Database::open(const QString& path, Durability durability) {
     sqlite3_busy_timeout(handle_, kBusyMilliseconds);
     // A column that is gone must be an error and not a text in double quotes.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    // FULL leaves the removal of the journal to the file system's good time; a power loss could bring the
-    // journal back and undo what was saved. EXTRA is FULL and a sync of the folder.
-    run(durability == Durability::Full ? "PRAGMA synchronous=EXTRA" : "PRAGMA synchronous=OFF");
-    leaveWal();
+    setDurability(durability);
     Statement(*this, "SELECT count(*) FROM sqlite_schema").step();
 }
 
-/// A file that was put in WAL mode by hand goes back to a rollback journal: WAL fails on network drives.
-void Database::leaveWal() {
-    Statement mode(*this, "PRAGMA journal_mode=DELETE");
-    mode.step();
+void Database::setDurability(Durability durability) {
+    if (durability == Durability::Relaxed) {
+        // The write-ahead log is the one mode that waits for no disk and still can't break the file.
+        run("PRAGMA synchronous=NORMAL");
+        Statement(*this, "PRAGMA journal_mode=WAL").step();
+        return;
+    }
+    // FULL leaves the removal of the journal to the file system's good time; a power loss could bring the
+    // journal back and undo what was saved. EXTRA is FULL and a sync of the folder.
+    run("PRAGMA synchronous=EXTRA");
+    // A file that was put in WAL mode goes back to a rollback journal: WAL fails on network drives.
+    Statement(*this, "PRAGMA journal_mode=DELETE").step();
 }
 
 void Database::close() {

@@ -36,7 +36,7 @@ private:
     friend class Statement;
     sqlite3_stmt* prepared(const QByteArray& sql);
     void open(const QString& path, Durability durability);
-    void leaveWal();
+    void setDurability(Durability durability);
     void close();
     void dropStatements();
 

@@ -41,7 +41,7 @@ void NollställDatabaser() { databaser() = std::make_unique<Databaser>(); }
 
 void ÖppnaDatabasar() {
     Databaser& d = db();
-    ÖppnaKlient(d.DataDB, "Data.Dat", Durability::Relaxed);
+    ÖppnaKlient(d.DataDB, "Data.Dat", Durability::Full); // only read
     ÖppnaKlient(d.DXSpottDB, "DXSpott.Dat", Durability::Relaxed);
     d.SVDDB.Open(platform::DataPath(QStringLiteral("SVD.Dat")));
     d.rsPrefix.Open(QStringLiteral("Prefix"), d.DataDB);

@@ -158,11 +158,17 @@ TEST_F(DurabilityTest, FullForcesJournalDatabaseAndFolderToTheDisk) {
     EXPECT_EQ(counts.folderSyncs, 1);
 }
 
-TEST_F(DurabilityTest, RelaxedWaitsForNothing) {
-    const FaultVfs::Counts counts = countsOfUpdate(Durability::Relaxed);
-    EXPECT_EQ(counts.journalSyncs, 0);
-    EXPECT_EQ(counts.databaseSyncs, 0);
-    EXPECT_EQ(counts.folderSyncs, 0);
+TEST_F(ConnectionTest, RelaxedWritesAheadAndLeavesOneFileWhenItIsClosed) {
+    connection_.Close();
+    connection_.Open(path_, Durability::Relaxed);
+    Recordset log;
+    log.Open("TESTQSO", connection_);
+    add(log, "SM0NEW");
+    EXPECT_EQ(sqlValue(path_, "PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(sqlValue(path_, "SELECT count(*) FROM TESTQSO WHERE Signal='SM0NEW'"), "1");
+    connection_.Close();
+    EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), QStringList({"logg.svk"}));
+    EXPECT_EQ(sqlValue(path_, "SELECT count(*) FROM TESTQSO WHERE Signal='SM0NEW'"), "1");
 }
 
 TEST_F(DurabilityTest, AnEditThatChangesNothingDoesNotTouchTheDisk) {

@@ -5,6 +5,7 @@
 #include "support/ToPrint.h"
 
 #include <QFile>
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -63,8 +64,7 @@ protected:
                                        ('2024-05-07','17:04:00','SM5ABC','70 CM','284',7);
             CREATE TABLE INFO (Aktuellt_Test SMALLINT, "LöpNr" INTEGER, AktivTid TEXT);
             INSERT INTO INFO VALUES (7, 1, '00:00:00');)");
-        // What Full adds has tests of its own; these are the quicker for it.
-        connection_.Open(path_, Durability::Relaxed);
+        connection_.Open(path_);
     }
 
     /// All fields of one name in the visible order.
@@ -84,7 +84,9 @@ protected:
         rows.Update();
     }
 
-    QTemporaryDir folder_;
+    /// In memory where there is such a folder: what the disk does has tests of its own.
+    QTemporaryDir folder_{(QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm") : QDir::tempPath()) +
+                          QStringLiteral("/sorvik-XXXXXX")};
     QString path_;
     Connection connection_;
 };

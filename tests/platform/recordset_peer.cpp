@@ -41,7 +41,7 @@ void writeRows(const QString& path, Durability durability) {
 /// Counts the serial number up, reading again whenever the other one was faster.
 void countUp(const QString& path, int times) {
     Connection connection;
-    connection.Open(path, Durability::Relaxed);
+    connection.Open(path);
     Recordset info;
     info.Open("INFO", connection);
     int conflicts = 0;
