@@ -67,7 +67,7 @@ frTestInst::frTestInst() {
     for (Fält* fält : {txtSignal, txtEgenSignal, txtKlubbSignal, txtPrefix, txtTestLokator})
         fält->OnKeyPress(platform::UpperCase);
     for (Fält* fält : {txtNamn, txtAdress, txtPostAdress, txtLand})
-        fält->OnKeyPress(platform::UpperCaseAtStart);
+        fält->OnKeyPress(platform::UpperCaseAtStart, Fält::Pasted::AsIs);
     connect(cmdSpara, &QPushButton::clicked, this, [this] {
         SparaSVDIni();
         if (contest::TestFör(delat.AktuelltTest).kollaTestDatum) KollaTestDatum();

@@ -21,6 +21,7 @@ TextBox::TextBox(QWidget* parent)
     : QLineEdit(parent) {
     // What is pasted or composed passes the same filter as what is typed.
     connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) {
+        if (pasted_ == Pasted::AsIs) return;
         const QString mapped = Mapped(edited);
         if (mapped == edited) return;
         const int caret = cursorPosition() - static_cast<int>(edited.size() - mapped.size());
@@ -31,7 +32,6 @@ TextBox::TextBox(QWidget* parent)
 
 QString TextBox::Mapped(const QString& typed) const {
     if (!keyPress_) return typed;
-    // A filter that looks at the caret is for single keys and leaves a whole text alone.
     QString mapped;
     for (const QChar c : typed)
         if (const QChar m = keyPress_(c, *this); !m.isNull()) mapped += m;
@@ -51,6 +51,15 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     if (mapped.isEmpty()) return event->accept();
     QKeyEvent changed(event->type(), event->key(), event->modifiers(), mapped, event->isAutoRepeat());
     QLineEdit::keyPressEvent(&changed);
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent* event) {
+    // A composed letter is a key like any other; a longer text is as good as pasted.
+    const QString typed = event->commitString();
+    if (!keyPress_ || typed.size() != 1) return QLineEdit::inputMethodEvent(event);
+    QInputMethodEvent changed(event->preeditString(), event->attributes());
+    changed.setCommitString(Mapped(typed), event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&changed);
 }
 
 void TextBox::focusInEvent(QFocusEvent* event) {

@@ -18,8 +18,13 @@ class TextBox : public QLineEdit {
 public:
     explicit TextBox(QWidget* parent = nullptr);
 
-    /// Set for what is typed, character by character, before it stands in the field.
-    void OnKeyPress(KeyPress keyPress) { keyPress_ = std::move(keyPress); }
+    /// Whether a rule for keys holds for pasted texts too. One that looks at the caret cannot.
+    enum class Pasted { Filtered, AsIs };
+    /// Set for what is typed or composed, character by character, before it stands in the field.
+    void OnKeyPress(KeyPress keyPress, Pasted pasted = Pasted::Filtered) {
+        keyPress_ = std::move(keyPress);
+        pasted_ = pasted;
+    }
     /// After every change of the text, typed or set.
     void OnChange(std::function<void()> change);
     /// The field has received the focus.
@@ -35,6 +40,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -43,6 +49,7 @@ private:
     QString Mapped(const QString& typed) const;
 
     KeyPress keyPress_;
+    Pasted pasted_ = Pasted::Filtered;
     std::function<void()> gotFocus_;
     std::function<void()> lostFocus_;
     bool selectAllOnFocus_ = false;
