@@ -14,13 +14,14 @@ namespace platform {
 class Recordset;
 
 /// How much a committed change is worth. Log files take Full: what Update returned from survives a power
-/// loss. Stores on local drives that can be built again take Relaxed: nothing waits for the disk and a power loss
-/// can cost the last changes, never the file; after a crash of the process nothing is missing.
+/// loss. Stores on local drives that can be built again take Relaxed: nothing waits for the disk and a power
+/// loss can cost the last changes, never the file; after a crash of the process nothing is missing.
 enum class Durability { Full, Relaxed };
 
 /// One database file. Not copyable; closing it closes the recordsets that are still open on it.
 ///
-/// Rollback journal (Full) or write-ahead log (Relaxed), a busy file waits up to six seconds, one short transaction for each Update.
+/// Rollback journal (Full) or write-ahead log (Relaxed), a busy file waits up to six seconds, one short
+/// transaction for each Update.
 class Connection {
 public:
     Connection();

@@ -4,8 +4,8 @@
 
 #include "support/ToPrint.h"
 
-#include <QFile>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -85,8 +85,9 @@ protected:
     }
 
     /// In memory where there is such a folder: what the disk does has tests of its own.
-    QTemporaryDir folder_{(QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm") : QDir::tempPath()) +
-                          QStringLiteral("/sorvik-XXXXXX")};
+    QTemporaryDir folder_{
+        (QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm") : QDir::tempPath()) +
+        QStringLiteral("/sorvik-XXXXXX")};
     QString path_;
     Connection connection_;
 };
