@@ -106,6 +106,10 @@ void frTest::cmdRadera_Click() {
                             QStringLiteral("Radera")))
         return;
     const QString multiplar = logg.Field(QStringLiteral("Multiplar")).text();
+    // A contact that could not be written when it was saved must not go with this one.
+    const platform::Bookmark rad = logg.GetBookmark();
+    logg.Update();
+    logg.SetBookmark(rad);
     logg.Delete();
     logg.Update();
     if (logg.RecordCount() > 0 && !logg.IsBOF()) logg.MoveFirst();

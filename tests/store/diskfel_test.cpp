@@ -192,6 +192,24 @@ TEST_P(Diskfels, TheCursorHoldsTheFirstOfSeveralContactsAndTellsOfEachOther) {
     EXPECT_EQ(Rader("Signal"), (QStringList{"DL1ABC", "DL2ABC", "DL3ABC"}));
 }
 
+TEST_P(Diskfels, TheDeletionOfAnotherContactWritesTheHeldOne) {
+    frTest& f = StartaKlar(GetParam().test);
+    Kör("dl1abc", "jo89wj");
+    Kör("dl3abc", "jp80");
+    {
+        const FullDisk full;
+        Kör("dl2abc", "jo67bq");
+    }
+    EXPECT_EQ(meddelanden, Fel());
+    meddelanden.clear();
+    Redigera(0);
+    jaNej.push_back(true);
+    f.cmdRadera->click();
+    EXPECT_EQ(frågor.back().text, "Vill du verkligen radera DL1ABC från loggen?");
+    EXPECT_EQ(Rader("Signal"), (QStringList{"DL3ABC", "DL2ABC"}));
+    EXPECT_EQ(f.lblQSO->text(), "2");
+}
+
 TEST_F(Diskfel, ADiskThatFillsUpUnderTheLogIsToldAndGoesOnOnceThereIsSpace) {
     QDir().mkpath(Fil("Loggar"));
     if (!MonteraEgen(Fil("Loggar"), "size=400k")) GTEST_SKIP() << "no file system can be mounted here";
