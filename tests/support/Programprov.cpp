@@ -61,6 +61,8 @@ Programprov::Programprov() {
     delat = {};
     NollställDatabaser();
     KopplaDialoger();
+    QObject::connect(&modalvakt_, &QTimer::timeout, &modalvakt_, [this] { VaktaModala(); });
+    modalvakt_.start(1000);
 }
 
 Programprov::~Programprov() {
@@ -77,6 +79,18 @@ void Programprov::TearDown() {
         ADD_FAILURE() << "unexpected message " << ::testing::PrintToString(oväntat);
     EXPECT_TRUE(jaNej.empty()) << "a question that the test answers was not asked";
     EXPECT_TRUE(filval.empty()) << "a file dialog that the test answers did not come up";
+}
+
+void Programprov::VaktaModala() {
+    QWidget* uppe = QApplication::activeModalWidget();
+    if (!uppe || uppe != modal_) {
+        modal_ = uppe;
+        modalSekunder_ = 0;
+        return;
+    }
+    if (++modalSekunder_ < 20) return;
+    ADD_FAILURE() << "nobody answers the modal window " << uppe->objectName().toStdString();
+    uppe->close();
 }
 
 void Programprov::KopplaDialoger() {

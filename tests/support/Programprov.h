@@ -6,8 +6,10 @@
 #include "platform/failure.h"
 #include "store/Databaser.h"
 
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -92,6 +94,11 @@ protected:
 
 private:
     void KopplaDialoger();
+    /// A modal window that the test did not expect would otherwise hold it for ever.
+    void VaktaModala();
 
     QTemporaryDir mapp_;
+    QTimer modalvakt_;
+    QPointer<QWidget> modal_;
+    int modalSekunder_ = 0;
 };
