@@ -265,3 +265,14 @@ TEST_F(SchemaProv, ACallWithAnApostropheBreaksTheFilter) {
     StartaLogg(1);
     EXPECT_THROW(db().rsTidigare.Filter("Signal = 'O'NEIL'"), platform::Failure);
 }
+
+TEST_F(SchemaProv, AnApostropheTypedIntoTheCallEndsTheProcessAndCostsNoContact) {
+    frTest& f = StartaLogg(1);
+    Kör("sm5abc", "jo89wj");
+    f.txtSignal->setFocus();
+    EXPECT_THROW(Skriv("o'"), ProcessSlut);
+    EXPECT_EQ(slut, 1);
+    EXPECT_EQ(LäsEtt(Logg(), "PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(Antal("Signal='SM5ABC'"), "1");
+    EXPECT_EQ(LäsEtt(Logg(), "SELECT LöpNr FROM INFO"), "1");
+}
