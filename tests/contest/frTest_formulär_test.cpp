@@ -2,6 +2,7 @@
 // given up, and how the form is cleared.
 #include "support/Programprov.h"
 #include "support/ToPrint.h"
+#include "support/Varningsvakt.h"
 
 #include <QDir>
 
@@ -163,6 +164,23 @@ TEST_F(FormulärProv, AContactFlaggedAsADuplicateIsNotJudged) {
     Tryck(Qt::Key_Tab);
     EXPECT_TRUE(delat.DubblettFlagga);
     EXPECT_EQ(f.lblQSOPoäng->text(), "0");
+}
+
+TEST_F(FormulärProv, AStateContestChecksNoCallWhenItIsLeft) {
+    frTest& f = StartaLogg(7);
+    Loggad("SM5ABC", "80 M");
+    f.txtNamn->setFocus();
+    f.txtSignal->setText("SM5ABC");
+    f.lblQSOPoäng->setText("55");
+    for (const int test : {41, 42}) {
+        delat.AktuelltTest = test;
+        f.txtSignal->setFocus();
+        f.txtNamn->setFocus();
+        EXPECT_FALSE(delat.DubblettFlagga) << test;
+        EXPECT_EQ(f.lblQSOPoäng->text(), "55") << test;
+        EXPECT_EQ(f.frmTQSO->title(), "Tidigare QSO för SM5ABC (1)");
+    }
+    delat.AktuelltTest = 7;
 }
 
 TEST_F(FormulärProv, AMenuOrAnotherProgramDoesNotCountAsLeavingTheCall) {
@@ -503,6 +521,19 @@ TEST_F(FormulärProv, ShowingLeavesTheGridOnThePresentBand) {
     f.cmdVisa->click();
     EXPECT_EQ(db().rsTidigare.RecordCount(), 0);
     EXPECT_EQ(f.frmTQSO->title(), "Tidigare QSO för SM5ABC (1)");
+}
+
+TEST_F(FormulärProv, ShowingTwiceAsksTheWholeLogBothTimes) {
+    frTest& f = StartaLogg(1);
+    Loggad("SM5ABC", "6 M");
+    f.txtNamn->setFocus();
+    f.txtSignal->setText("SM5ABC");
+    const Varningsvakt vakt(false);
+    f.cmdVisa->click();
+    EXPECT_EQ(db().rsTidigare.RecordCount(), 0) << "the check ended on the present band";
+    f.cmdVisa->click();
+    EXPECT_EQ(vakt.Antal(), 2U);
+    EXPECT_TRUE(delat.DubblettFlagga);
 }
 
 TEST_F(FormulärProv, ShowingWithoutACallJudgesNothing) {

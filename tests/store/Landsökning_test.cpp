@@ -1,7 +1,6 @@
 // From the call on the form, or of a spot, to a country: what is shown, announced and marked as worked.
 #include "store/Landsökning.h"
 
-#include "store/frEditorTest.h"
 #include "support/Programprov.h"
 #include "support/ToPrint.h"
 
