@@ -3,6 +3,7 @@
 #include "support/ToPrint.h"
 
 #include "contest/frGrid.h"
+#include "contest/frHjälp.h"
 #include "contest/frTestInst.h"
 #include "contest/frTestOm.h"
 #include "contest/frTestVal.h"
@@ -229,4 +230,25 @@ TEST_F(MenyProv, TheMapWindowComesWithoutItsPictureToo) {
     frTest& f = StartaLogg(1);
     f.Meny("mnufönster_Grid")->trigger();
     EXPECT_TRUE(frGrid::instans().isVisible());
+}
+
+TEST_F(MenyProv, TheHelpEntryShowsTheHelpFileOfTheProgramFolder) {
+    frTest& f = Starta();
+    QFile fil(Fil("Sorvik Multi.hlp"));
+    ASSERT_TRUE(fil.open(QIODevice::WriteOnly));
+    fil.write("Så här kör man en test.");
+    fil.close();
+    f.Meny("mnuHjälp_Sorvik")->trigger();
+    const frHjälp& hjälp = frHjälp::instans();
+    EXPECT_TRUE(hjälp.isVisible());
+    EXPECT_EQ(hjälp.txtHjälp->toPlainText(), "Så här kör man en test.");
+    EXPECT_TRUE(hjälp.txtHjälp->isReadOnly());
+    QTest::mouseClick(hjälp.cmdStäng, Qt::LeftButton);
+    EXPECT_FALSE(hjälp.isVisible());
+}
+
+TEST_F(MenyProv, AMissingHelpFileIsNamedInTheHelpWindow) {
+    QFile::remove(Fil("Sorvik Multi.hlp"));
+    Starta().Meny("mnuHjälp_Sorvik")->trigger();
+    EXPECT_TRUE(frHjälp::instans().txtHjälp->toPlainText().contains("Sorvik Multi.hlp"));
 }
