@@ -25,22 +25,39 @@ Cursor::Cursor(std::unique_ptr<RowSource> source, Database& database, CellPool& 
     requery();
 }
 
-void Cursor::requery() {
-    source_->image().sync();
+void Cursor::requeryTogether(const std::vector<Cursor*>& cursors) {
+    std::vector<const TableImage*> seen;
+    for (Cursor* cursor : cursors) {
+        TableImage& image = cursor->source_->image();
+        if (std::find(seen.begin(), seen.end(), &image) != seen.end()) continue;
+        image.sync();
+        seen.push_back(&image);
+    }
+    for (Cursor* cursor : cursors) cursor->follow();
+}
+
+void Cursor::follow() {
     source_->refresh(rows_);
     view_.reset();
     moveFirst();
 }
 
 void Cursor::setFilter(const QString& text) {
-    std::optional<Filter> filter;
-    if (!text.trimmed().isEmpty()) {
-        filter = Filter::parse(
-            text, [this](const QString& name) { return column(name); }, pool_);
-    }
-    view_.setFilter(std::move(filter));
+    view_.setFilter(text.trimmed().isEmpty() ? nullptr : parsed(text));
     filterText_ = text.trimmed().isEmpty() ? QString() : text;
     moveFirst();
+}
+
+std::shared_ptr<const Filter> Cursor::parsed(const QString& text) {
+    // A refresh of the worked grid alone asks some dozens of texts, the same ones each time.
+    constexpr qsizetype kRemembered = 200;
+    const auto known = parsedFilters_.constFind(text);
+    if (known != parsedFilters_.constEnd()) return *known;
+    auto filter = std::make_shared<const Filter>(Filter::parse(
+        text, [this](const QString& name) { return column(name); }, pool_));
+    if (parsedFilters_.size() >= kRemembered) parsedFilters_.clear();
+    parsedFilters_.insert(text, filter);
+    return filter;
 }
 
 void Cursor::setSort(const QString& text) {

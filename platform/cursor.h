@@ -13,7 +13,9 @@ public:
     /// @throws Failure as Recordset::Open
     Cursor(std::unique_ptr<RowSource> source, Database& database, CellPool& pool, bool isReadOnly);
 
-    void requery();
+    void requery() { requeryTogether({this}); }
+    /// Requery of several cursors that looks at each table in the file once.
+    static void requeryTogether(const std::vector<Cursor*>& cursors);
     void setFilter(const QString& text);
     const QString& filter() const { return filterText_; }
     void setSort(const QString& text);
@@ -71,6 +73,8 @@ private:
     /// First: on the first visible row, which need not be known yet. New: on the row being added.
     enum class Place { First, Row, New, Bof, Eof };
 
+    /// Takes over what the image of the table knows.
+    void follow();
     void settle() const;
     const RowRef& currentRow() const;
     bool isOnEdit() const;
@@ -78,6 +82,8 @@ private:
     void goToPlace(qsizetype place);
     /// Place of the current row among the visible ones, or the one behind it if it is hidden.
     qsizetype currentPlace() const;
+    /// @throws Failure as Recordset::Filter
+    std::shared_ptr<const Filter> parsed(const QString& text);
     std::optional<Column> column(const QString& name) const;
     CellRef cellFor(int index, const Value& value) const;
     void requireWritable() const;
@@ -97,6 +103,7 @@ private:
     QString filterText_;
     QString sortText_;
     mutable QHash<QString, int> fieldIndexes_;
+    QHash<QString, std::shared_ptr<const Filter>> parsedFilters_;
 
     mutable Place place_ = Place::First;
     mutable RowRef current_;

@@ -49,6 +49,26 @@ void Recordset::Impl::tell() {
     listener();
 }
 
+namespace {
+
+/// Runs an operation on several recordsets and tells the listeners of all, also of what a failed one has
+/// changed.
+template <class Part, class Operation>
+void actTogether(const std::vector<Part*>& parts, Operation operation) {
+    const auto tellAll = [&parts] {
+        for (Part* part : parts) part->tell();
+    };
+    try {
+        operation();
+    } catch (...) {
+        tellAll();
+        throw;
+    }
+    tellAll();
+}
+
+} // namespace
+
 Recordset::Recordset()
     : impl_(std::make_unique<Impl>()) {}
 Recordset::~Recordset() = default;
@@ -181,7 +201,7 @@ void Recordset::AbsolutePosition(qsizetype row) {
 
 void Recordset::OnChanged(std::function<void()> changed) { impl_->changed = std::move(changed); }
 
-void UpdateTogether(std::initializer_list<Recordset*> recordsets) {
+void UpdateTogether(const std::vector<Recordset*>& recordsets) {
     std::vector<Recordset::Impl*> parts;
     std::vector<Cursor*> cursors;
     for (Recordset* recordset : recordsets) {
@@ -194,16 +214,17 @@ void UpdateTogether(std::initializer_list<Recordset*> recordsets) {
         parts.push_back(part);
     }
     if (parts.empty()) return;
-    const auto tellAll = [&parts] {
-        for (Recordset::Impl* part : parts) part->tell();
-    };
-    try {
-        Cursor::write(cursors.front()->database(), cursors);
-    } catch (...) {
-        tellAll();
-        throw;
+    actTogether(parts, [&] { Cursor::write(cursors.front()->database(), cursors); });
+}
+
+void RequeryTogether(const std::vector<Recordset*>& recordsets) {
+    std::vector<Recordset::Impl*> parts;
+    std::vector<Cursor*> cursors;
+    for (Recordset* recordset : recordsets) {
+        parts.push_back(recordset->impl_.get());
+        cursors.push_back(&parts.back()->open());
     }
-    tellAll();
+    actTogether(parts, [&] { Cursor::requeryTogether(cursors); });
 }
 
 } // namespace platform

@@ -6,8 +6,8 @@
 #include <QStringList>
 
 #include <functional>
-#include <initializer_list>
 #include <memory>
+#include <vector>
 
 namespace platform {
 
@@ -47,7 +47,7 @@ public:
 
 private:
     friend class Recordset;
-    friend void UpdateTogether(std::initializer_list<Recordset*> recordsets);
+    friend void UpdateTogether(const std::vector<Recordset*>& recordsets);
     std::unique_ptr<Impl> impl_;
     int cursorLocation_ = 2;
 };
@@ -179,13 +179,18 @@ public:
 
 private:
     friend class Connection;
-    friend void UpdateTogether(std::initializer_list<Recordset*> recordsets);
+    friend void UpdateTogether(const std::vector<Recordset*>& recordsets);
+    friend void RequeryTogether(const std::vector<Recordset*>& recordsets);
     std::unique_ptr<Impl> impl_;
 };
 
 /// Writes the pending rows of several recordsets of one connection in one transaction: all or none. After
 /// a conflict in one of them its edit is dropped as in Update and those of the others stay pending.
 /// @throws Failure as Update
-void UpdateTogether(std::initializer_list<Recordset*> recordsets);
+void UpdateTogether(const std::vector<Recordset*>& recordsets);
+
+/// Requery of several recordsets, all of the same moment: the file is asked once for each table, not once for
+/// each recordset. @throws Failure as Requery
+void RequeryTogether(const std::vector<Recordset*>& recordsets);
 
 } // namespace platform

@@ -12,7 +12,7 @@ constexpr size_t kFew = 256;
 
 } // namespace
 
-void View::setFilter(std::optional<Filter> filter) {
+void View::setFilter(std::shared_ptr<const Filter> filter) {
     filter_ = std::move(filter);
     reset();
 }

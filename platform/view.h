@@ -3,6 +3,8 @@
 #include "platform/filter.h"
 #include "platform/rowset.h"
 
+#include <memory>
+
 namespace platform {
 
 /// The rows of a row set that a filter lets through, in the order of a sort. Counting them does not sort
@@ -13,7 +15,7 @@ public:
         : rows_(rows) {}
 
     /// No filter shows all rows. Rows that were kept in sight are let go.
-    void setFilter(std::optional<Filter> filter);
+    void setFilter(std::shared_ptr<const Filter> filter);
     void setOrder(SortKeys keys);
     const SortKeys& order() const { return keys_; }
 
@@ -45,7 +47,7 @@ private:
     bool isVisible(const Row& row) const;
 
     const RowSet& rows_;
-    std::optional<Filter> filter_;
+    std::shared_ptr<const Filter> filter_;
     SortKeys keys_;
     /// Visible rows that the filter would hide.
     RowList kept_;

@@ -128,14 +128,10 @@ void SparaTestQSO(int Test) {
 
 void RequeryFrågor() {
     Databaser& d = db();
-    d.rsDXCCBand.Requery();
-    if (contest::ÄrStatTest(delat.AktuelltTest))
-        for (Recordset* markör : {&d.rsState, &d.rsProvince}) markör->Requery();
-    else
-        for (Recordset* markör : {&d.rsSignal, &d.rsDXCC}) markör->Requery();
-    for (Recordset* markör : {&d.rsDiplom, &d.rsTidigare, &d.rsITU, &d.rsZon, &d.rsMultiplar, &d.rsPoäng,
-                              &d.rsDistrikt, &d.rsRutor})
-        markör->Requery();
+    const bool statTest = contest::ÄrStatTest(delat.AktuelltTest);
+    platform::RequeryTogether({&d.rsDXCCBand, statTest ? &d.rsState : &d.rsSignal,
+                               statTest ? &d.rsProvince : &d.rsDXCC, &d.rsDiplom, &d.rsTidigare, &d.rsITU,
+                               &d.rsZon, &d.rsMultiplar, &d.rsPoäng, &d.rsDistrikt, &d.rsRutor});
 }
 
 void SkrivINFO(const std::function<void(Recordset& info)>& ändra) {

@@ -195,6 +195,33 @@ TEST_F(SnapshotTest, EachTableNoticesOthersWhateverTableIsRequeriedFirst) {
     EXPECT_EQ(info.Field("LöpNr").integer(), 99);
 }
 
+TEST_F(SnapshotTest, RequeryTogetherShowsAllOfThemOneMomentAndTellsEachListener) {
+    Recordset info, distinct;
+    info.Open("INFO", connection_);
+    distinct.Open("select DISTINCT Signal from TESTQSO", connection_);
+    int told = 0;
+    for (Recordset* rows : {&log_, &info, &distinct}) rows->OnChanged([&told] { ++told; });
+    runSql(path_, "UPDATE INFO SET \"LöpNr\" = 99; DELETE FROM TESTQSO WHERE Signal LIKE 'LA%'");
+    log_.MoveLast();
+    told = 0;
+    RequeryTogether({&log_, &info, &distinct});
+    EXPECT_EQ(log_.RecordCount(), 3);
+    EXPECT_EQ(log_.AbsolutePosition(), 0);
+    EXPECT_EQ(info.Field("LöpNr").integer(), 99);
+    EXPECT_EQ(signs(distinct), QStringList({"oh2xyz", "SM5ABC"}));
+    EXPECT_EQ(told, 3);
+}
+
+TEST_F(SnapshotTest, RequeryTogetherWithAClosedOneChangesNone) {
+    Recordset closed;
+    add(log_, "SM0NEW");
+    Recordset select;
+    select.Open("select Signal from TESTQSO", connection_);
+    add(log_, "SM0TWO");
+    EXPECT_THROW(RequeryTogether({&select, &closed}), Failure);
+    EXPECT_EQ(select.RecordCount(), 5);
+}
+
 TEST_F(SnapshotTest, RequeryAfterAVeryLongAbsenceReadsEverything) {
     Recordset other;
     other.Open("TESTQSO", connection_);
