@@ -4,6 +4,7 @@ Everything is done with keys and mouse through xdotool; what the program has don
 SQLite, and with the probe library also from its controls. Nothing sleeps for a fixed time: every step waits for
 what it is to bring about.
 """
+import fcntl
 import os
 import shutil
 import sqlite3
@@ -18,15 +19,21 @@ class Screen:
 
     def __init__(self, size="1280x720"):
         read, write = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
-            pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.close(write)
-        with os.fdopen(read) as pipe:
-            self.name = ":" + pipe.readline().strip()
+        # Two servers that look for a free number at the same moment can take the same one.
+        with open(Path(tempfile.gettempdir()) / f"sorvik-xvfb-{os.getuid()}.lock", "w") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            self.server = subprocess.Popen(
+                ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
+                pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            os.close(write)
+            with os.fdopen(read) as pipe:
+                self.name = ":" + pipe.readline().strip()
         self.env = dict(os.environ, DISPLAY=self.name)
         self.manager = subprocess.Popen(["openbox"], env=self.env, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)
+        # A window that comes before its manager is never made the active one.
+        wait_for("the window manager", lambda: subprocess.run(
+            ["xdotool", "get_num_desktops"], env=self.env, capture_output=True).returncode == 0)
 
     def close(self):
         for process in (self.manager, self.server):
@@ -74,7 +81,11 @@ class Sorvik:
         def active():
             name = self.xdotool("getactivewindow", "getwindowname").stdout
             return title in name
-        wait_for(f'the window "{title}"', active, seconds)
+        try:
+            wait_for(f'the window "{title}"', active, seconds)
+        except AssertionError:
+            self.picture("inte_framme")
+            raise
 
     def has_window(self, title):
         return self.xdotool("search", "--onlyvisible", "--name", title).stdout.strip() != ""
