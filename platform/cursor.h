@@ -47,6 +47,8 @@ public:
     void setField(int index, const Value& value);
     void addNew();
     bool isEditing() const { return edit_.has_value(); }
+    /// The pending row is the current one.
+    bool isOnEdit() const;
     void cancel();
     void erase();
 
@@ -57,6 +59,9 @@ public:
     Database& database() const { return database_; }
 
 private:
+    /// First: on the first visible row, which need not be known yet. New: on the row being added.
+    enum class Place { First, Row, New, Bof, Eof };
+
     /// A row that is not what this cursor has read.
     struct Conflict {
         Cursor* cursor;
@@ -66,18 +71,15 @@ private:
         /// The row that is edited, none for a new one.
         RowRef row;
         std::vector<CellRef> cells;
-        /// The row that was current before AddNew.
+        /// What was current before AddNew.
         RowRef before;
+        Place placeBefore = Place::First;
         bool changesAnything() const { return !row || !row->hasCells(cells); }
     };
-    /// First: on the first visible row, which need not be known yet. New: on the row being added.
-    enum class Place { First, Row, New, Bof, Eof };
-
     /// Takes over what the image of the table knows.
     void follow();
     void settle() const;
     const RowRef& currentRow() const;
-    bool isOnEdit() const;
     void goTo(const RowRef& row);
     void goToPlace(qsizetype place);
     /// Place of the current row among the visible ones, or the one behind it if it is hidden.
@@ -87,6 +89,7 @@ private:
     std::optional<Column> column(const QString& name) const;
     CellRef cellFor(int index, const Value& value) const;
     void requireWritable() const;
+    void writeOtherRow();
 
     void requireUnchanged(const RowRef& row);
     RowRef writeEdit();

@@ -30,16 +30,19 @@ void Cursor::setField(int index, const Value& value) {
     requireWritable();
     const CellRef cell = cellFor(index, value);
     if (!isOnEdit()) {
-        const RowRef row = currentRow();
-        // A row that could not be written must not take up what is meant for this one.
-        if (edit_) {
-            write(database_, {this});
-            goToRow(row->id);
-        }
+        writeOtherRow();
         const auto cells = currentRow()->cells();
         edit_ = Edit{current_, {cells.begin(), cells.end()}, RowRef()};
     }
     edit_->cells[static_cast<size_t>(fieldAt(index).column.cell)] = cell;
+}
+
+/// A row that could not be written must not take up what is meant for the current one, nor go with it.
+void Cursor::writeOtherRow() {
+    const RowRef row = currentRow();
+    if (!edit_ || isOnEdit()) return;
+    write(database_, {this});
+    goToRow(row->id);
 }
 
 void Cursor::addNew() {
@@ -49,6 +52,7 @@ void Cursor::addNew() {
     Edit edit;
     edit.cells.assign(fields().size(), pool_.null());
     edit.before = current_;
+    edit.placeBefore = place_;
     edit_ = std::move(edit);
     place_ = Place::New;
     current_ = RowRef();
@@ -57,11 +61,13 @@ void Cursor::addNew() {
 void Cursor::cancel() {
     if (!edit_) return;
     const RowRef before = edit_->before;
+    const Place placeBefore = edit_->placeBefore;
     edit_.reset();
     if (place_ != Place::New) return;
     const RowRef row = before ? rows_.find(before->id) : RowRef();
     if (row) return goTo(row);
     moveFirst();
+    if (placeBefore == Place::Bof || placeBefore == Place::Eof) place_ = placeBefore;
 }
 
 void Cursor::write(Database& database, const std::vector<Cursor*>& cursors) {
@@ -135,17 +141,19 @@ void Cursor::readAgain(const RowRef& row) {
 void Cursor::erase() {
     requireWritable();
     if (place_ == Place::New) return cancel();
+    writeOtherRow();
     const RowRef row = currentRow();
-    edit_.reset();
     try {
         Transaction transaction(database_, Transaction::Kind::Write);
         requireUnchanged(row);
         source_->image().erase(row->id);
         transaction.commit();
     } catch (const Conflict&) {
+        edit_.reset();
         readAgain(row);
         throw Failure(kConflict.toString());
     }
+    edit_.reset();
     const qsizetype place = currentPlace();
     takeOver(row, RowRef(), View::Keep::IfSeen);
     goToPlace(place);

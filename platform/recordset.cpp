@@ -165,7 +165,10 @@ const Value& Recordset::Field(int index) const { return impl_->open().field(inde
 
 void Recordset::Field(const QString& name, const Value& value) {
     Cursor& cursor = impl_->open();
-    cursor.setField(cursor.fieldIndex(name), value);
+    const int index = cursor.fieldIndex(name);
+    // A value alone changes nothing that is visible to a listener; the row written before it does.
+    if (cursor.isOnEdit() || !cursor.isEditing()) return cursor.setField(index, value);
+    impl_->act([&](Cursor& target) { target.setField(index, value); });
 }
 
 void Recordset::AddNew() {

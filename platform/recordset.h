@@ -152,11 +152,12 @@ public:
     /// pending; moving, filtering and sorting leave it alone.
     /// @throws Failure as told. Without a pending edit it does nothing.
     void Update();
-    /// Drops a pending edit. If the new row was current, the row from before AddNew is so again.
+    /// Drops a pending edit. If the new row was current, what was current before AddNew is so again.
     void CancelUpdate();
     bool EditPending() const;
     /// Deletes the current row, unless another has changed it; the next row becomes current, EOF after the
-    /// last. Drops a pending edit. @throws Failure
+    /// last. A pending edit of the row goes with it, that of another row is written first.
+    /// @throws Failure; nothing is deleted then
     void Delete();
 
     /// Sum of a number column over all rows, whatever the filter; kept from change to change.
@@ -189,8 +190,8 @@ private:
 /// @throws Failure as Update
 void UpdateTogether(const std::vector<Recordset*>& recordsets);
 
-/// Requery of several recordsets, all of the same moment: the file is asked once for each table, not once for
-/// each recordset. @throws Failure as Requery
+/// Requery of several recordsets: the file is asked once for each table, not once for each recordset.
+/// @throws Failure as Requery
 void RequeryTogether(const std::vector<Recordset*>& recordsets);
 
 } // namespace platform

@@ -3,7 +3,6 @@
 #include "platform/cells.h"
 
 #include <array>
-#include <functional>
 #include <memory>
 
 namespace platform {

@@ -33,7 +33,6 @@ public:
     void replace(const RowRef& before, const RowRef& after);
 
     qsizetype size() const { return static_cast<qsizetype>(rows_.size()); }
-    const std::vector<RowRef>& rows() const { return rows_; }
     /// The row with the id, none if there is none.
     RowRef find(qint64 id) const;
 

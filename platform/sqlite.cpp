@@ -63,7 +63,8 @@ void Database::setDurability(Durability durability) {
     if (durability == Durability::Relaxed) {
         // The write-ahead log is the one mode that waits for no disk and still can't break the file.
         run("PRAGMA synchronous=NORMAL");
-        Statement(*this, "PRAGMA journal_mode=WAL").step();
+        // A write-protected file keeps its mode; it can be read all the same.
+        sqlite3_exec(handle_, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
         return;
     }
     // FULL leaves the removal of the journal to the file system's good time; a power loss could bring the

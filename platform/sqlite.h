@@ -81,7 +81,8 @@ private:
 class Transaction {
 public:
     enum class Kind { Read, Write };
-    /// A write transaction takes the write lock at once, so it cannot fail half way for want of it.
+    /// A write transaction takes the write lock at once, so that what it is to change is not changed by
+    /// another in between.
     /// @throws Failure
     Transaction(Database& database, Kind kind);
     ~Transaction();

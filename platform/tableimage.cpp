@@ -1,7 +1,6 @@
 #include "platform/tableimage.h"
 
 #include <algorithm>
-#include <array>
 
 namespace platform {
 

@@ -87,7 +87,7 @@ private:
 
     std::vector<RowRef> rows_;
     std::optional<qint64> dataVersion_;
-    /// Ids are not used again, so a bookmark never comes to name another row.
+    /// Ids are not used again by this connection, so a bookmark does not come to name another row.
     qint64 highestId_ = 0;
     std::deque<Change> journal_;
     qint64 firstVersion_ = 0;

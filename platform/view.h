@@ -17,7 +17,6 @@ public:
     /// No filter shows all rows. Rows that were kept in sight are let go.
     void setFilter(std::shared_ptr<const Filter> filter);
     void setOrder(SortKeys keys);
-    const SortKeys& order() const { return keys_; }
 
     qsizetype count() const;
     /// The visible rows in order; good until the next change.

@@ -195,7 +195,7 @@ TEST_F(SnapshotTest, EachTableNoticesOthersWhateverTableIsRequeriedFirst) {
     EXPECT_EQ(info.Field("LöpNr").integer(), 99);
 }
 
-TEST_F(SnapshotTest, RequeryTogetherShowsAllOfThemOneMomentAndTellsEachListener) {
+TEST_F(SnapshotTest, RequeryTogetherShowsWhatOthersHaveWrittenAndTellsEachListener) {
     Recordset info, distinct;
     info.Open("INFO", connection_);
     distinct.Open("select DISTINCT Signal from TESTQSO", connection_);

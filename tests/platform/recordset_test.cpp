@@ -468,6 +468,19 @@ TEST_F(RecordsetTest, TheListenerHearsOfEveryChange) {
     EXPECT_EQ(hears([this] { log_.MoveFirst(); }), 0);
 }
 
+TEST_F(RecordsetTest, TheListenerHearsOfAPendingRowThatAnotherEditWrites) {
+    log_.AddNew();
+    log_.Field("Signal", "NEW");
+    log_.MoveFirst();
+    qsizetype rows = 0;
+    log_.OnChanged([&] { rows = log_.RecordCount(); });
+    log_.Field("Signal", "X");
+    EXPECT_EQ(rows, 5);
+    rows = 0;
+    log_.Field("Signal", "Y");
+    EXPECT_EQ(rows, 0) << "a value alone is no change of what is visible";
+}
+
 TEST_F(RecordsetTest, TheListenerMayMoveTheCursorAndReplaceItself) {
     int heard = 0;
     log_.OnChanged([&] {

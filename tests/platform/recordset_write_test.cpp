@@ -205,6 +205,21 @@ TEST_F(WriteTest, CancelUpdateDropsTheEdit) {
     EXPECT_EQ(log_.RecordCount(), 4);
 }
 
+TEST_F(WriteTest, CancelUpdateGoesBackBehindTheLastAndBeforeTheFirst) {
+    log_.MoveLast();
+    log_.MoveNext();
+    log_.AddNew();
+    log_.CancelUpdate();
+    EXPECT_TRUE(log_.IsEOF());
+    EXPECT_FALSE(log_.IsBOF());
+    log_.MoveFirst();
+    log_.MovePrevious();
+    log_.AddNew();
+    log_.CancelUpdate();
+    EXPECT_TRUE(log_.IsBOF());
+    EXPECT_FALSE(log_.IsEOF());
+}
+
 TEST_F(WriteTest, CancelUpdateOfTheFirstRowOfAnEmptyTableEndsAtBofAndEof) {
     runSql(path_, "DELETE FROM TESTQSO");
     log_.Requery();
@@ -340,6 +355,24 @@ TEST_F(WriteTest, DeleteDropsAPendingEdit) {
     EXPECT_FALSE(log_.EditPending());
     EXPECT_EQ(sign(), "oh2xyz");
     EXPECT_EQ(stored("SELECT count(*) FROM TESTQSO"), "3");
+}
+
+TEST_F(WriteTest, DeleteOfAnotherRowWritesThePendingOneFirst) {
+    log_.AddNew();
+    log_.Field("Signal", "NEW");
+    log_.MoveFirst();
+    log_.Delete();
+    EXPECT_FALSE(log_.EditPending());
+    EXPECT_EQ(signs(log_), QStringList({"oh2xyz", "LA1ÅB", "SM5ABC", "NEW"}));
+    EXPECT_EQ(stored("SELECT count(*) FROM TESTQSO WHERE Signal='NEW'"), "1");
+}
+
+TEST_F(WriteTest, ARefusedDeleteLeavesThePendingEditOfItsRow) {
+    runSql(path_, "CREATE TRIGGER nej BEFORE DELETE ON TESTQSO BEGIN SELECT RAISE(ABORT, 'nej'); END");
+    log_.Field("Signal", "X");
+    EXPECT_THROW(log_.Delete(), Failure);
+    EXPECT_TRUE(log_.EditPending());
+    EXPECT_EQ(sign(), "X");
 }
 
 TEST_F(WriteTest, DeleteWithoutACurrentRowLeavesThePendingOne) {
