@@ -109,6 +109,7 @@ const contest::Test& frTest::Test() const { return contest::TestFör(delat.Aktue
 void frTest::StängAlltOchSpara() {
     delat.ProgramAvslutas = true;
     delat.LoggIgång = false;
+    SkrivHållenKontakt();
     frTestInst::instans().SparaSVDIni();
     StängDatabasar();
 }

@@ -10,7 +10,9 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 
+#include <array>
 #include <map>
+#include <vector>
 
 /// The main window: entry form, score board, log and menus. It is the first thing loaded and the last to go.
 ///
@@ -149,7 +151,7 @@ public:
 
     /// The locator for which lblAvstånd was computed; empty after RensaTest.
     QString avståndFör;
-    /// VisaTestDXCC has coloured the country labels.
+    /// VisaTestDXCC has coloured the country labels. Nothing asks.
     bool landFärgat = false;
 
 protected:
@@ -179,6 +181,9 @@ private:
     bool SparaVägras();
     /// KollaPoäng under the conditions of the save chains and of txtSignal's focus.
     void KollaPoängOmDags();
+    /// A contact that could not be written when it was saved gets its last chance. What goes on with it all
+    /// the same would otherwise never end on a log that may not be written.
+    void SkrivHållenKontakt();
     void EfterSparad();
     void StartaKlockor();
     void ÄrvTvåPoäng(const QString& multiplar);

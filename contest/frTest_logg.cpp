@@ -3,6 +3,7 @@
 #include "contest/DeladeVärden.h"
 #include "platform/application.h"
 #include "platform/dialogs.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/windows.h"
 #include "store/Databaser.h"
@@ -10,10 +11,7 @@
 #include "store/SparaKolumner.h"
 #include "store/SparaModul.h"
 
-#include <QFile>
 #include <QFileInfo>
-
-#include <filesystem>
 
 namespace {
 
@@ -28,27 +26,6 @@ QString Loggmapp() {
 QString Loggmall() {
     return delat.NätverkAnsluten ? delat.NätverkMapp + QStringLiteral("/SVK")
                                  : platform::DataPath(QStringLiteral("SVK"));
-}
-
-/// Copies the empty log over the chosen name. The copy is made beside it and put in its place at once, so
-/// that a full disk leaves the log that stood there.
-void KopieraMall(const QString& mål) {
-    const QString ny = mål + QStringLiteral(".ny");
-    QFile::remove(ny);
-    if (!QFile::copy(Loggmall(), ny)) {
-        QFile::remove(ny);
-        throw platform::Failure(QStringLiteral("cannot write ") + ny);
-    }
-    // The template may be write-protected, a log never is.
-    QFile::setPermissions(ny, QFile::permissions(ny) | QFile::ReadOwner | QFile::WriteOwner);
-    // What a crash left beside the old log must not be rolled back into the new one.
-    QFile::remove(mål + QStringLiteral("-journal"));
-    std::error_code fel;
-    std::filesystem::rename(QFile::encodeName(ny).toStdString(), QFile::encodeName(mål).toStdString(), fel);
-    if (fel) {
-        QFile::remove(ny);
-        throw platform::Failure(QStringLiteral("cannot create ") + mål);
-    }
 }
 
 void SkrivAktuelltTest(const QString& fil) {
@@ -80,7 +57,7 @@ void frTest::NyTestLogg() {
         const auto fil = platform::AskFile(
             {.title = QStringLiteral("Ny Logg"), .folder = Loggmapp(), .filter = loggFilter, .save = true});
         if (!fil) return;
-        KopieraMall(*fil);
+        platform::CopyDatabase(Loggmall(), *fil);
         delat.TestLoggFil = *fil;
         delat.TestLoggTitel = QFileInfo(*fil).fileName();
         SkrivAktuelltTest(*fil);
@@ -162,10 +139,21 @@ void frTest::VerkställÖppnaTestLogg() {
     txtSignal->setFocus();
 }
 
+void frTest::SkrivHållenKontakt() {
+    platform::Recordset& logg = db().rsTESTQSO;
+    if (!logg.IsOpen() || !logg.EditPending()) return;
+    try {
+        logg.Update();
+    } catch (const platform::Failure&) {
+        platform::MsgBox(QStringLiteral("Ett databasfel har inträffat."), QStringLiteral("StängTestLogg"));
+    }
+}
+
 void frTest::StängTestLogg() {
     try {
         Databaser& d = db();
         if (d.TestDB.IsOpen()) {
+            SkrivHållenKontakt();
             KopplaFrånRutnät();
             for (platform::Recordset* markör : {&d.rsTESTQSO, &d.rsDXCCBand}) StängMarkör(*markör);
             if (contest::ÄrStatTest(delat.AktuelltTest))

@@ -13,6 +13,15 @@
 
 #include <QFile>
 
+namespace {
+
+/// The contact that the digital program handed over is in the log now.
+void TaBortFT8QSO() {
+    if (delat.FT8Läge) QFile::remove(platform::DataPath(QStringLiteral("FT8/TestQSO.ADI")));
+}
+
+} // namespace
+
 bool frTest::SparaVägras() {
     if (delat.AktuelltTest == contest::ingenTest) {
         platform::MsgBox(QStringLiteral("Du har inte valt någon Test!"), QStringLiteral("Välj en TEST"));
@@ -35,8 +44,9 @@ void frTest::StartaKlockor() {
 }
 
 void frTest::EfterSparad() {
-    if (db().rsTESTQSO.IsOpen()) db().rsTESTQSO.Filter(QString());
-    if (!Test().sparaLokator || !HarLogg()) return;
+    if (!HarLogg()) return;
+    db().rsTESTQSO.Filter(QString());
+    if (!Test().sparaLokator) return;
     UppdateraLängstaQSO();
     SparaLokator();
 }
@@ -49,14 +59,13 @@ void frTest::cmdSpara_Click() {
     RäknaPoäng(delat.AktuelltTest);
     EfterSparad();
     StartaKlockor();
-    const bool ft8 = delat.FT8Läge;
     RensaTest();
     txtSignal->setFocus();
-    if (ft8) QFile::remove(platform::DataPath(QStringLiteral("FT8/TestQSO.ADI")));
+    TaBortFT8QSO();
 }
 
-// The menu's save is older than the button's and differs: it counts the log before it saves, so that the row
-// gets the sum of all points, and it marks a country as worked. Logs have been made with both.
+// The menu's save differs from the button's: it counts the log before it saves, so that the row gets the sum
+// of all points, and it marks the country as worked. Neither is to be evened out: logs depend on both.
 void frTest::mnuRedigera_SparaQSO_Click() {
     if (txtSignal->text().isEmpty()) return;
     for (platform::Timer* timer : {TimerVila, TimerAktiv, Timer_Wait}) timer->Interval(0);
@@ -68,7 +77,7 @@ void frTest::mnuRedigera_SparaQSO_Click() {
     RäknaPoäng(delat.AktuelltTest);
     EfterSparad();
     const platform::Recordset& logg = db().rsTESTQSO;
-    if (HarLogg() && !logg.IsBOF() && !logg.IsEOF()) {
+    if (HarLogg() && !logg.EditPending() && !logg.IsBOF() && !logg.IsEOF()) {
         QString dxcc = logg.Field(QStringLiteral("DXCC")).text();
         QString trafiksätt = logg.Field(QStringLiteral("Trafiksätt")).text();
         QString band = logg.Field(QStringLiteral("Band ")).text();
@@ -77,9 +86,8 @@ void frTest::mnuRedigera_SparaQSO_Click() {
     StartaKlockor();
     RäknaPoäng(delat.AktuelltTest);
     txtSignal->setFocus();
-    const bool ft8 = delat.FT8Läge;
     RensaTest();
-    if (ft8) QFile::remove(platform::DataPath(QStringLiteral("FT8/TestQSO.ADI")));
+    TaBortFT8QSO();
 }
 
 void frTest::cmdAvbryt_Click() {
@@ -106,10 +114,6 @@ void frTest::cmdRadera_Click() {
                             QStringLiteral("Radera")))
         return;
     const QString multiplar = logg.Field(QStringLiteral("Multiplar")).text();
-    // A contact that could not be written when it was saved must not go with this one.
-    const platform::Bookmark rad = logg.GetBookmark();
-    logg.Update();
-    logg.SetBookmark(rad);
     logg.Delete();
     logg.Update();
     if (logg.RecordCount() > 0 && !logg.IsBOF()) logg.MoveFirst();
@@ -124,8 +128,8 @@ void frTest::cmdRadera_Click() {
     RensaTest();
 }
 
-// The first contact of a square used to carry two points; when it goes, the next one takes them over. Rows
-// hold kilometres now, which this step does not know of.
+// Where the first contact of a square carries two points, the next one takes them over when it goes. Rows
+// hold kilometres, which this step does not know of.
 void frTest::ÄrvTvåPoäng(const QString& multiplar) {
     const auto tvåPoäng = store::TvåPoängFilter(multiplar);
     if (!tvåPoäng) return;

@@ -25,14 +25,6 @@ void Stäng(Recordset& markör, Connection& anslutning) {
     anslutning.Close();
 }
 
-void ÖppnaMinne(Recordset& markör, Connection& anslutning, const char* fil, const char* tabell) {
-    Stäng(markör, anslutning);
-    // What is remembered of other stations can be heard again, so it need not wait for the disk as a log
-    // does.
-    ÖppnaKlient(anslutning, fil, Durability::Relaxed);
-    markör.Open(QString::fromUtf8(tabell), anslutning);
-}
-
 } // namespace
 
 Databaser& db() { return *databaser(); }
@@ -61,16 +53,48 @@ void StängDatabasar() {
 }
 
 void ÅteröppnaDatabasar() {
-    if (!db().DataDB.IsOpen()) ÖppnaDatabasar();
+    if (db().DataDB.IsOpen()) return;
+    try {
+        ÖppnaDatabasar();
+    } catch (const platform::Failure&) {
+        StängDatabasar(); // all or none: the program goes on, and the next try asks one of them
+        throw;
+    }
 }
 
-void StängLokatorDB() { Stäng(db().rsLokator, db().LokatorDB); }
+void StängMinne(Minnesdb minne) {
+    Databaser& d = db();
+    if (minne == Minnesdb::Lokator)
+        Stäng(d.rsLokator, d.LokatorDB);
+    else
+        Stäng(d.rsFriend, d.FriendDB);
+}
 
-void StängFriendDB() { Stäng(db().rsFriend, db().FriendDB); }
+void ÖppnaMinne(Minnesdb minne) {
+    Databaser& d = db();
+    const bool lokator = minne == Minnesdb::Lokator;
+    Recordset& markör = lokator ? d.rsLokator : d.rsFriend;
+    Connection& anslutning = lokator ? d.LokatorDB : d.FriendDB;
+    d.minnenFinns = true;
+    Stäng(markör, anslutning);
+    try {
+        // What is remembered of other stations can be heard again, so it need not wait for the disk as a log
+        // does.
+        ÖppnaKlient(anslutning, lokator ? "Lokator.dat" : "Friend.dat", Durability::Relaxed);
+        markör.Open(lokator ? QStringLiteral("Lokator") : QStringLiteral("Friend"), anslutning);
+    } catch (const platform::Failure&) {
+        Stäng(markör, anslutning);
+        throw;
+    }
+}
+
+void StängLokatorDB() { StängMinne(Minnesdb::Lokator); }
+
+void StängFriendDB() { StängMinne(Minnesdb::Friend); }
 
 void ÖppnaLokator() {
     try {
-        ÖppnaMinne(db().rsLokator, db().LokatorDB, "Lokator.dat", "Lokator");
+        ÖppnaMinne(Minnesdb::Lokator);
     } catch (const platform::Failure&) {
         platform::MsgBox(QStringLiteral("Ett fel har inträffat vid läsning av Lokator databas."),
                          QStringLiteral("ÖppnaLokator"));
@@ -79,7 +103,7 @@ void ÖppnaLokator() {
 
 void ÖppnaFriend() {
     try {
-        ÖppnaMinne(db().rsFriend, db().FriendDB, "Friend.dat", "Friend");
+        ÖppnaMinne(Minnesdb::Friend);
     } catch (const platform::Failure&) {
         platform::MsgBox(QStringLiteral("Ett fel har inträffat vid läsning av Friend databas."),
                          QStringLiteral("ÖppnaFriend"));

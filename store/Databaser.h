@@ -14,11 +14,12 @@ struct Databaser {
 
     platform::Recordset rsPrefix, rsDXSpottLogg, rsSVDINI;
     platform::Recordset rsLokator, rsFriend;
+    bool minnenFinns = false; ///< the locator and friend databases have been opened in this run
 
     platform::Recordset rsTESTQSO, rsTESTDXCC, rsINFO;
     platform::Recordset rsDXCCBand, rsITU, rsZon, rsTidigare, rsPoäng, rsSignal, rsDXCC, rsDiplom, rsDistrikt,
         rsRutor, rsMultiplar;
-    /// Only for the contest numbers 41 and 42, which no log has any more.
+    /// Only for the contest numbers 41 and 42, which the catalogue does not have.
     platform::Recordset rsState, rsProvince;
 };
 
@@ -38,12 +39,20 @@ void StängDatabasar();
 /// @throws platform::Failure
 void ÅteröppnaDatabasar();
 
-/// Close the locator or friend database, cursor first, if it is open.
+/// The memory of locators and the one of names.
+enum class Minnesdb { Lokator, Friend };
+
+/// Closes the database of a memory, cursor first, if it is open.
+void StängMinne(Minnesdb minne);
+
+/// Opens the database of a memory anew. @throws platform::Failure; it is closed then
+void ÖppnaMinne(Minnesdb minne);
+
+/// StängMinne for one of them.
 void StängLokatorDB();
 void StängFriendDB();
 
-/// Open the locator or friend database anew. A failure shows the procedure's message; the cursor is closed
-/// then.
+/// ÖppnaMinne for one of them. A failure shows the procedure's message.
 void ÖppnaLokator();
 void ÖppnaFriend();
 

@@ -81,6 +81,7 @@ void SparaLokator() {
 void UppdateraLängstaQSO() {
     platform::Recordset& logg = db().rsTESTQSO;
     if (!logg.IsOpen() || logg.RecordCount() == 0) return; // a first contact that was refused leaves none
+    if (logg.EditPending()) return; // it could not be written and is none of the log yet
     logg.Sort(QStringLiteral("Poäng DESC"));
     const platform::Value poäng = logg.Field(QStringLiteral("Poäng"));
     const QString text = store::LängstaQSOText(logg.Field(QStringLiteral("Signal")).text(),

@@ -116,7 +116,7 @@ TEST_F(LoggfilProv, ALogMadeFromAWriteProtectedTemplateCanBeWritten) {
 TEST_F(LoggfilProv, WhatACrashLeftBesideTheOldLogDoesNotReachTheNewOne) {
     Starta();
     SkrivFil(Logg(), "en gammal logg");
-    SkrivFil(Logg() + "-journal", "rester");
+    for (const char* rest : {"-journal", "-wal", "-shm"}) SkrivFil(Logg() + rest, "rester");
     Ny(Logg());
     EXPECT_EQ(INFO("Aktuellt_Test"), "0");
     EXPECT_EQ(QDir(Fil("Loggar")).entryList(QDir::Files), QStringList{"prov.svk"});

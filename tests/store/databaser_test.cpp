@@ -181,6 +181,16 @@ TEST_F(DatabasProv, OpeningAgainLeavesOpenDatabasesAlone) {
     EXPECT_EQ(db().rsPrefix.Sort(), "Prefix");
 }
 
+TEST_F(DatabasProv, OpeningThatFailsHalfwayLeavesNoneOpenAndCanBeDoneAgain) {
+    QFile::rename(Fil("SVD.Dat"), Fil("SVD.borta"));
+    EXPECT_THROW(ÅteröppnaDatabasar(), platform::Failure);
+    EXPECT_FALSE(NågonÖppen());
+    QFile::rename(Fil("SVD.borta"), Fil("SVD.Dat"));
+    ÅteröppnaDatabasar();
+    EXPECT_TRUE(db().rsSVDINI.IsOpen());
+    EXPECT_TRUE(db().rsPrefix.IsOpen());
+}
+
 TEST_F(DatabasProv, TheLogBearsTheLocatorThatTheProgramRemembers) {
     StartaLogg(1);
     Kör("sm5abc", "jo89wj");

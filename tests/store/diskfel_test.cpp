@@ -192,6 +192,53 @@ TEST_P(Diskfels, TheCursorHoldsTheFirstOfSeveralContactsAndTellsOfEachOther) {
     EXPECT_EQ(Rader("Signal"), (QStringList{"DL1ABC", "DL2ABC", "DL3ABC"}));
 }
 
+TEST_P(Diskfels, ALongestContactWhoseEditIsHeldIsNotShownAndTheProgramGoesOn) {
+    frTest& f = StartaKlar(GetParam().test);
+    Kör("dl1abc", "jo89wj");
+    const QString visad = f.lblLängstaQSO->text();
+    const QString sparad = INFO("LängstaQSOSträng");
+    Redigera(0);
+    f.txtSignal->setText("DL9ZZZ");
+    {
+        const FullDisk full;
+        f.txtNamn->setFocus();
+        Tryck(Qt::Key_Return);
+    }
+    EXPECT_EQ(meddelanden, Fel());
+    meddelanden.clear();
+    EXPECT_FALSE(slut);
+    EXPECT_EQ(f.lblLängstaQSO->text(), visad);
+    EXPECT_EQ(INFO("LängstaQSOSträng"), sparad);
+    Kör("dl3abc", "jo88aa");
+    EXPECT_EQ(Rader("Signal"), (QStringList{"DL9ZZZ", "DL3ABC"}));
+}
+
+TEST_P(Diskfels, AHeldContactIsWrittenWhenTheLogIsClosed) {
+    frTest& f = StartaKlar(GetParam().test);
+    Kör("dl1abc", "jo89wj");
+    {
+        const FullDisk full;
+        Kör("dl2abc", "jo67bq");
+    }
+    EXPECT_EQ(meddelanden, Fel());
+    meddelanden.clear();
+    f.mnuArkiv_StängTestlogg_Click();
+    EXPECT_EQ(Rader("Signal"), (QStringList{"DL1ABC", "DL2ABC"}));
+}
+
+TEST_P(Diskfels, AHeldContactIsWrittenAtExit) {
+    frTest& f = StartaKlar(GetParam().test);
+    Kör("dl1abc", "jo89wj");
+    {
+        const FullDisk full;
+        Kör("dl2abc", "jo67bq");
+    }
+    EXPECT_EQ(meddelanden, Fel());
+    meddelanden.clear();
+    f.StängAlltOchSpara();
+    EXPECT_EQ(Rader("Signal"), (QStringList{"DL1ABC", "DL2ABC"}));
+}
+
 TEST_P(Diskfels, TheDeletionOfAnotherContactWritesTheHeldOne) {
     frTest& f = StartaKlar(GetParam().test);
     Kör("dl1abc", "jo89wj");
@@ -282,6 +329,8 @@ TEST_P(Skrivskydd, OfTheFileIsToldAtEachSaveAndNothingElseHappens) {
     StannaKlockor();
     Rättigheter(Logg(), 0666);
     ÖppnaLoggen();
+    EXPECT_EQ(Tag(), (Meddelande{"Ett databasfel har inträffat.", "StängTestLogg"}))
+        << "what was held is lost";
     Kör("dl4abc", "jo66aa");
     EXPECT_EQ(Rader("Signal"), (QStringList{"DL1ABC", "DL4ABC"}));
     EXPECT_EQ(Integritet(), "ok");
