@@ -108,6 +108,7 @@ constexpr void SättFrågor(Test& test) {
     if (nummer == 6) test.dgLoggHöjd = 3855; // room for the modem
     if (nummer <= 8) test.loggKolumn = lokatorKolumn;
     test.kollaDXCC = store::KollarDXCC(nummer);
+    test.kollaDistrikt = store::KollarDistrikt(nummer);
     test.kollaLokator = nummer <= 8 || nummer == 14;
     test.diplomVisarVäg = nummer <= 6;
     test.fyllLöpnrM = nummer == 7 || nummer == 8;

@@ -77,6 +77,7 @@ struct Test {
 
     // What is asked of a contact, and what follows a save.
     bool kollaDXCC = false;      ///< announce a country that is new in the log
+    bool kollaDistrikt = false;  ///< announce a call area that is new in the log
     bool kollaLokator = false;   ///< fetch a known locator when txtSignal is left
     bool diplomVisarVäg = false; ///< bearing and distance when txtDiplom is left
     bool fyllLöpnrM = false;     ///< pad a one-character txtLöpnrM when it is left

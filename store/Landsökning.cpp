@@ -8,6 +8,9 @@
 #include "store/LokatorModul.h"
 #include "store/PrefixSök.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 QString Prefixfält(const char* namn) { return db().rsPrefix.Field(QString::fromUtf8(namn)).text(); }
@@ -19,7 +22,7 @@ qsizetype AntalPrefix(const QString& nyckel) {
 }
 
 /// Puts rsPrefix on the one row of the call. False leaves it filtered on what did not match.
-bool HittaPrefix(const QString& anrop) { return AntalPrefix(store::SökPrefix(anrop, AntalPrefix)) == 1; }
+bool HittaPrefix(const QString& anrop) { return store::SökEntydigtPrefix(anrop, AntalPrefix).has_value(); }
 
 /// The key that a contact being edited was stored with, empty for a new one.
 QString LagratPrefix() {
@@ -37,12 +40,6 @@ bool AllaTomma(const platform::Recordset& rad, const Kolumner& kolumner) {
     return std::all_of(kolumner.begin(), kolumner.end(), [&rad](const char16_t* namn) {
         return rad.Field(QString::fromUtf16(namn)).text().isEmpty();
     });
-}
-
-/// The column that the mode is kept under.
-QString Trafikkolumn(const QString& trafiksätt, qsizetype tecken) {
-    return trafiksätt.left(tecken) == QStringLiteral("PSK31").left(tecken) ? QStringLiteral("PSK31")
-                                                                           : trafiksätt;
 }
 
 } // namespace
@@ -75,7 +72,8 @@ void VisaTestDXCC() {
 
 void KollaDXCC() {
     frTest& f = frTest::instans();
-    if (f.txtDXCCNR->text().isEmpty() || !store::KollarDXCC(delat.AktuelltTest) || !f.HarLogg()) return;
+    if (!contest::TestFör(delat.AktuelltTest).kollaDXCC || !f.HarLogg()) return;
+    if (f.txtDXCCNR->text().isEmpty()) return;
     platform::Recordset& körda = db().rsDXCCBand;
     körda.Filter(store::DXCCNrFilter(f.txtDXCCNR->text()));
     if (körda.RecordCount() == 0) {
@@ -87,8 +85,9 @@ void KollaDXCC() {
 
 void KollaDiplom() {
     frTest& f = frTest::instans();
-    const auto filter = store::DistriktFilter(delat.AktuelltTest, f.lblDXCC->text(), f.txtPrefix->text());
-    if (!filter || !f.HarLogg()) return;
+    if (!contest::TestFör(delat.AktuelltTest).kollaDistrikt || !f.HarLogg()) return;
+    const auto filter = store::DistriktFilter(f.lblDXCC->text(), f.txtPrefix->text());
+    if (!filter) return;
     platform::Recordset& distrikt = db().rsDistrikt;
     distrikt.Filter(*filter);
     if (distrikt.RecordCount() == 0) f.lblDistrikt->show();
@@ -98,14 +97,15 @@ void KollaDiplom() {
 void LäggTillKördaDXCC(QString& DXCC, QString& Trafiksätt, QString& Band) {
     try {
         platform::Recordset& status = db().rsTESTDXCC;
-        Trafiksätt = Trafikkolumn(Trafiksätt, 5);
+        if (Trafiksätt.startsWith(QLatin1String("PSK31"))) Trafiksätt = QStringLiteral("PSK31");
         status.Filter(store::Lika(u"DXCC", DXCC));
         if (status.RecordCount() != 1) return;
         status.Field(Trafiksätt, QStringLiteral("W"));
         status.Field(Band, QStringLiteral("W"));
         status.Update();
     } catch (const platform::Failure&) {
-        db().rsTESTDXCC.CancelUpdate();
+        // Half a mark must not be written along with the next one.
+        if (db().rsTESTDXCC.IsOpen()) db().rsTESTDXCC.CancelUpdate();
         platform::MsgBox(QStringLiteral("Ett fel har inträffat vid sparande av körda dxcc."),
                          QStringLiteral("LäggTillKördaDXCC"));
     }
@@ -113,13 +113,12 @@ void LäggTillKördaDXCC(QString& DXCC, QString& Trafiksätt, QString& Band) {
 
 void KollaSpotPrefix() {
     if (SpotSignal.isEmpty()) return;
-    db().rsPrefix.Filter(QString());
     SpotPrefix = HittaPrefix(SpotSignal) ? Prefixfält("Prefix") : QStringLiteral("?");
 }
 
 void KontrolleraNyttLand(QString& DXCC, QString& Band, QString& Trafiksätt) {
     if (delat.RedigeraQSO) return;
-    Trafiksätt = Trafikkolumn(Trafiksätt, 3);
+    if (Trafiksätt.startsWith(QLatin1String("PSK"))) Trafiksätt = QStringLiteral("PSK31");
     while (Band.startsWith(QLatin1Char(' '))) Band.remove(0, 1);
     platform::Recordset& status = db().rsTESTDXCC;
     status.MoveFirst();

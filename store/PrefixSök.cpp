@@ -62,8 +62,8 @@ bool ÄrNordisk(const QString& dxcc, const QString& kontinent) {
 
 QString DXCCNrFilter(const QString& dxccNr) { return Lika(u"[DXCC Nr]", dxccNr); }
 
-std::optional<QString> DistriktFilter(int test, const QString& dxcc, const QString& prefix) {
-    if (test < 3 || test > 5 || dxcc != u"SM" || prefix.size() < 3) return std::nullopt;
+std::optional<QString> DistriktFilter(const QString& dxcc, const QString& prefix) {
+    if (dxcc != u"SM" || prefix.size() < 3) return std::nullopt;
     return Lika(u"Distrikt", prefix.mid(2, 1));
 }
 

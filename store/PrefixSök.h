@@ -36,8 +36,11 @@ constexpr bool KollarDXCC(int test) { return (test >= 0 && test <= 5) || test ==
 /// Filter on rsDXCCBand for the contacts with a country: "[DXCC Nr] = '284'".
 QString DXCCNrFilter(const QString& dxccNr);
 
-/// Filter on rsDistrikt for the call area of a prefix, if the contest and the country ask about it: contests
-/// 3, 4 and 5, Swedish stations, and a prefix of at least three characters.
-std::optional<QString> DistriktFilter(int test, const QString& dxcc, const QString& prefix);
+/// Whether a call area that is new in the log is announced in this contest.
+constexpr bool KollarDistrikt(int test) { return test >= 3 && test <= 5; }
+
+/// Filter on rsDistrikt for the call area of a prefix; only Swedish stations with a prefix of at least three
+/// characters have one.
+std::optional<QString> DistriktFilter(const QString& dxcc, const QString& prefix);
 
 } // namespace store

@@ -41,7 +41,7 @@ store::QSOFormulär LäsFormulär() {
             .txtDubblett = f.txtDubblett->text()};
 }
 
-/// How often a serial that another station has taken in between is drawn again.
+/// How often a change of INFO is made again because another station has written there in between.
 constexpr int antalFörsök = 20;
 
 void LäsOmINFO() {
@@ -51,25 +51,14 @@ void LäsOmINFO() {
     if (!info.IsBOF()) info.MoveFirst();
 }
 
-/// The contact and the next serial in one transaction, so that no crash leaves one without the other.
+/// The contact and the next serial in one transaction, so that no crash leaves one without the other. The
+/// drawn number was shown and sent: another station's save moves the counter on, not back.
 void SkrivMedLöpnr() {
-    Databaser& d = db();
-    // The drawn number was shown and sent: another station's save moves the counter on, not back.
-    for (int försök = 1;; ++försök) {
-        LäsOmINFO();
-        const int nästa = d.rsINFO.Field(QStringLiteral("LöpNr")).integer() + 1;
-        d.rsINFO.Field(QStringLiteral("LöpNr"), nästa);
-        try {
-            platform::UpdateTogether({&d.rsTESTQSO, &d.rsINFO});
-            return;
-        } catch (const platform::Failure&) {
-            const bool annanStationHann = !d.rsINFO.EditPending() && d.rsTESTQSO.EditPending();
-            if (!annanStationHann || försök == antalFörsök) {
-                d.rsINFO.CancelUpdate();
-                throw;
-            }
-        }
-    }
+    SkrivINFO(
+        [](Recordset& info) {
+            info.Field(QStringLiteral("LöpNr"), info.Field(QStringLiteral("LöpNr")).integer() + 1);
+        },
+        &db().rsTESTQSO);
 }
 
 /// @return false if mandatory data is missing; nothing has been changed then.
@@ -117,7 +106,7 @@ void SparaQSO(store::Sparare sparare) {
 } // namespace
 
 void SparaTestQSO(int Test) {
-    const auto sparare = store::SparareFör(Test);
+    const auto sparare = contest::TestFör(Test).sparare;
     if (!sparare) return; // contests 11, 12 and 13 store nothing, on purpose
     try {
         SparaQSO(*sparare);
@@ -134,15 +123,20 @@ void RequeryFrågor() {
                                &d.rsZon, &d.rsMultiplar, &d.rsPoäng, &d.rsDistrikt, &d.rsRutor});
 }
 
-void SkrivINFO(const std::function<void(Recordset& info)>& ändra) {
+void SkrivINFO(const std::function<void(Recordset& info)>& ändra, Recordset* med) {
+    Recordset& info = db().rsINFO;
     for (int försök = 1;; ++försök) {
         LäsOmINFO();
-        ändra(db().rsINFO);
+        ändra(info);
         try {
-            return db().rsINFO.Update();
+            if (med)
+                platform::UpdateTogether({med, &info});
+            else
+                info.Update();
+            return;
         } catch (const platform::Failure&) {
-            const bool annanStationHann = !db().rsINFO.EditPending();
-            db().rsINFO.CancelUpdate();
+            const bool annanStationHann = !info.EditPending() && (!med || med->EditPending());
+            info.CancelUpdate();
             if (!annanStationHann || försök == antalFörsök) throw;
         }
     }

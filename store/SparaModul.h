@@ -15,5 +15,7 @@ void RequeryFrågor();
 
 /// Reads the row of INFO as it is in the file now, changes it and writes it. Another station on the same file
 /// may write in between; then both steps are done again.
-/// @throws platform::Failure
-void SkrivINFO(const std::function<void(platform::Recordset& info)>& ändra);
+/// @param med a recordset of the log whose pending row goes into the same transaction
+/// @throws platform::Failure; a pending row of med stays pending then
+void SkrivINFO(const std::function<void(platform::Recordset& info)>& ändra,
+               platform::Recordset* med = nullptr);

@@ -5,7 +5,7 @@
 #include <QDialog>
 
 /// The editor of logged contacts. Its note field doubles as the note of the contact on the entry form, so the
-/// window lives, unseen, from the first save on.
+/// window lives, unseen, from the first save or duplicate on.
 class frEditorTest : public QDialog {
 public:
     frEditorTest();

@@ -1,6 +1,6 @@
 -- Empty contest log: every new log is a copy of the file made from this.
--- All columns are text but the few that are counted with. "Band " keeps its trailing blank: logs
--- already on operators' disks carry it. TESTDXCC gets one row a country from Prefix.csv.
+-- All columns are text but the few that are counted with. "Band " has a trailing blank, which
+-- every filter and reader of a log spells. TESTDXCC gets one row a country from Prefix.csv.
 
 CREATE TABLE TESTQSO (
     "Datum" TEXT,

@@ -64,3 +64,34 @@ TEST_F(SpottlandProv, NothingInTheLogChanges) {
     EXPECT_EQ(SpotBand, 70);
     EXPECT_EQ(LäsEtt(Logg(), "SELECT count(*) FROM TESTDXCC WHERE [70 CM] <> '' OR CW <> ''"), "0");
 }
+
+TEST_F(SpottlandProv, ACountryThatTheLogDoesNotListEndsTheSearch) {
+    StartaLogg(1);
+    Ändra(Logg(), "DELETE FROM TESTDXCC WHERE DXCC='OZ'");
+    db().rsTESTDXCC.Requery();
+    SpotPrefix = "OZ";
+    SpotFrekvens = "14,025,50";
+    KollaSpotLand();
+    EXPECT_EQ(SpotBand, 0);
+}
+
+TEST_F(SpottlandProv, TheWholeTableIsSearchedEachTimeWhateverWasFoundOrFilteredBefore) {
+    StartaLogg(1);
+    SpotFrekvens = "14,025,50";
+    db().rsTESTDXCC.Filter("DXCC = 'LA'"); // as the marking of a worked country leaves it
+    for (const char* prefix : {"SM5", "DL", "OZ", "DL"}) {
+        SpotBand = 0;
+        SpotPrefix = prefix;
+        KollaSpotLand();
+        EXPECT_EQ(SpotBand, 20) << prefix;
+    }
+}
+
+TEST_F(SpottlandProv, AnApostropheInTheCallReachesTheCaller) {
+    StartaLogg(1);
+    SpotSignal = "SM'5";
+    EXPECT_THROW(KollaSpotPrefix(), platform::Failure);
+    SpotSignal = "SM5ABC";
+    KollaSpotPrefix();
+    EXPECT_EQ(SpotPrefix, "SM5");
+}

@@ -144,6 +144,16 @@ TEST_F(FormulärProv, ALoggedCallThatWasNotChangedKeepsItsPointsAndIsNoDuplicate
     EXPECT_EQ(f.txtDubblett->text(), "");
 }
 
+TEST_F(FormulärProv, ShowingALoggedContactFindsItToBeADuplicateOfItself) {
+    frTest& f = StartaLogg(7);
+    Loggad("SM5ABC", "80 M");
+    Redigera(f, "SM5ABC");
+    SvaraVarning(false);
+    QTest::mouseClick(f.cmdVisa, Qt::LeftButton);
+    EXPECT_TRUE(delat.DubblettFlagga);
+    EXPECT_EQ(f.txtDubblett->text(), "D");
+}
+
 TEST_F(FormulärProv, ALoggedCallThatWasChangedIsJudgedAnewAndStillNoDuplicate) {
     frTest& f = StartaLogg(7);
     Loggad("SM5ABC", "80 M");

@@ -180,6 +180,7 @@ INSTANTIATE_TEST_SUITE_P(
         Numren{"the CW menu", [](const Katalogtest& rad) { return rad.meny == MenyVal::Cw; }, {3, 7, 9}},
         Numren{
             "new countries", [](const Katalogtest& rad) { return rad.kollaDXCC; }, {0, 1, 2, 3, 4, 5, 7, 8}},
+        Numren{"new call areas", [](const Katalogtest& rad) { return rad.kollaDistrikt; }, {3, 4, 5}},
         Numren{"known locators",
                [](const Katalogtest& rad) { return rad.kollaLokator; },
                {0, 1, 2, 3, 4, 5, 6, 7, 8, 14}},

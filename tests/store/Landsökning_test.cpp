@@ -408,3 +408,20 @@ TEST_F(LandProv, AModeOrBandWithoutAColumnGivesTheMessageAndMarksNothing) {
     LäggTill("LA", "CW", "20 M");
     EXPECT_EQ(Status("LA", "20 M"), "W") << "the next one is marked as if nothing had been";
 }
+
+TEST_F(LandProv, AMarkThatCannotBeWrittenIsToldAndNotWrittenWithTheNext) {
+    StartaLogg(7);
+    Ändra(Logg(), "CREATE TRIGGER nej BEFORE UPDATE ON TESTDXCC BEGIN SELECT RAISE(ABORT, 'nej'); END");
+    LäggTill("LA", "CW", "20 M");
+    EXPECT_EQ(Tag(), (Meddelande{"Ett fel har inträffat vid sparande av körda dxcc.", "LäggTillKördaDXCC"}));
+    Ändra(Logg(), "DROP TRIGGER nej");
+    LäggTill("OZ", "SSB", "40 M");
+    EXPECT_EQ(Status("OZ", "40 M"), "W");
+    EXPECT_EQ(Status("LA", "20 M"), "");
+}
+
+TEST_F(LandProv, WithoutALogAMarkIsToldToBeImpossible) {
+    Starta();
+    LäggTill("LA", "CW", "20 M");
+    EXPECT_EQ(Tag(), (Meddelande{"Ett fel har inträffat vid sparande av körda dxcc.", "LäggTillKördaDXCC"}));
+}

@@ -211,3 +211,23 @@ TEST_F(Radering, TheFirstContactOfASquareIsTheEarliestAndNotTheOneStoredFirst) {
     Radera(0);
     EXPECT_EQ(Rader("Signal, Poäng"), (QStringList{"SM2A|500", "SM3A|2"}));
 }
+
+TEST_F(Radering, OfARowThatCannotBeDeletedFailsWithoutAHandlerAndTheLogIsWhole) {
+    frTest& f = StartaKlar(1);
+    KörTre("jo89wj", "jo67bq", "jo51aa");
+    Ändra(Logg(), "CREATE TRIGGER nej BEFORE DELETE ON TESTQSO BEGIN SELECT RAISE(ABORT, 'nej'); END");
+    Redigera(1);
+    jaNej.push_back(true);
+    EXPECT_THROW(f.cmdRadera_Click(), platform::Failure);
+    EXPECT_EQ(Rader("Signal"), (QStringList{"SM1A", "SM2A", "SM3A"}));
+}
+
+TEST_F(Radering, OfARowThatAnotherStationHasChangedFailsAndTheChangeStays) {
+    frTest& f = StartaKlar(1);
+    KörTre("jo89wj", "jo67bq", "jo51aa");
+    Redigera(1);
+    Ändra(Logg(), "UPDATE TESTQSO SET Namn='Otto' WHERE Signal='SM2A'");
+    jaNej.push_back(true);
+    EXPECT_THROW(f.cmdRadera_Click(), platform::Failure);
+    EXPECT_EQ(Rader("Signal, Namn"), (QStringList{"SM1A|", "SM2A|Otto", "SM3A|"}));
+}

@@ -477,6 +477,20 @@ TEST_P(Sparfel, ARowThatAnotherStationHasChangedIsNotWrittenOver) {
     EXPECT_EQ(Rader("Signal, Namn"), (QStringList{"DL1ABC|Otto", "DL3ABC|"}));
 }
 
+TEST_P(Sparfel, ARowThatAnotherStationHasDeletedIsToldAndNotMadeAnew) {
+    frTest& f = StartaKlar(GetParam().test);
+    Kör("dl1abc", "jo62qm");
+    Redigera(0);
+    SkrivI(f.txtNamn, "Karl");
+    Ändra(Logg(), "DELETE FROM TESTQSO");
+    Tryck(Qt::Key_Return);
+    EXPECT_EQ(Tag(), Felet());
+    EXPECT_EQ(Antal(), 0);
+    EXPECT_EQ(f.txtSignal->text(), "");
+    Kör("dl3abc", "jo64aa");
+    EXPECT_EQ(Rader("Signal"), QStringList{"DL3ABC"});
+}
+
 class Serialfel : public Sparfel {};
 INSTANTIATE_TEST_SUITE_P(TesterMedLöpnummer, Serialfel,
                          ::testing::Values(Felfall{7, medGemener}, Felfall{8, medGemener},

@@ -441,6 +441,7 @@ TEST_P(UtanSparare, TheFormClearsNothingIsStoredAndNothingIsSaid) {
     f.lblMultiplar->setText("7");
     f.lblDiplom->setText("8");
     f.lblTotalQSOPoäng->setText("9");
+    f.lblTotalPoäng->setText("5");
     SkrivI(f.txtSignal, "dl1abc");
     SkrivI(f.txtDiplom, "jo51aa");
     Spara(spar);
