@@ -39,7 +39,7 @@ struct Recordset::Impl {
 
     Connection::Impl* connection = nullptr;
     std::unique_ptr<Cursor> cursor;
-    std::function<void()> changed;
+    std::map<const void*, std::function<void()>> listeners;
     bool isTelling = false;
 };
 

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
 
 namespace platform {
 
@@ -84,17 +86,36 @@ DataGrid::DataGrid(QWidget* parent)
 
 DataGrid::~DataGrid() { Unbind(); }
 
+void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    // What the grid does to follow the recordset is no choice of the operator's.
+    if (following_ || !source_ || !source_->IsOpen()) return;
+    if (!current.isValid() || current.row() >= source_->RecordCount()) return;
+    source_->AbsolutePosition(current.row());
+    if (choose_) choose_();
+}
+
+void DataGrid::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    // A click on the row that is current already is a choice too.
+    if (event->button() != Qt::LeftButton || !choose_ || !source_ || !source_->IsOpen()) return;
+    const QModelIndex row = indexAt(event->position().toPoint());
+    if (row.isValid() && row.row() == source_->AbsolutePosition()) choose_();
+}
+
 void DataGrid::Bind(Recordset* recordset, const std::vector<GridColumn>& columns) {
-    if (source_ && source_ != recordset) source_->OnChanged({});
+    if (source_ && source_ != recordset) source_->OnChanged({}, this);
+    const QScopedValueRollback<bool> following(following_, true);
     source_ = recordset;
     model_->Bind(recordset, columns);
     for (size_t i = 0; i < columns.size(); ++i) setColumnWidth(static_cast<int>(i), columns[i].width);
-    if (source_) source_->OnChanged([this] { Schedule(); });
+    if (source_) source_->OnChanged([this] { Schedule(); }, this);
     Schedule();
 }
 
 void DataGrid::Unbind() {
-    if (source_) source_->OnChanged({});
+    if (source_) source_->OnChanged({}, this);
+    const QScopedValueRollback<bool> following(following_, true);
     source_ = nullptr;
     model_->Bind(nullptr, model_->Columns());
 }
@@ -118,6 +139,7 @@ bool DataGrid::event(QEvent* event) {
 void DataGrid::Refresh() {
     scheduled_ = false;
     if (!source_) return;
+    const QScopedValueRollback<bool> following(following_, true);
     model_->Refresh();
     const qsizetype current = source_->IsOpen() ? source_->AbsolutePosition() : -1;
     if (current < 0) return clearSelection();

@@ -5,6 +5,8 @@
 #include <QAbstractTableModel>
 #include <QTableView>
 
+#include <functional>
+
 namespace platform {
 
 /// One column of a bound grid.
@@ -42,7 +44,8 @@ private:
 };
 
 /// A grid bound to a recordset. It follows the recordset by itself, once each time the program comes back
-/// to its event loop however often the recordset changed, and keeps the recordset's current row in view.
+/// to its event loop however often the recordset changed, and keeps the recordset's current row in view. The
+/// row that the operator chooses in it, by mouse or keys, becomes the recordset's current one.
 class DataGrid : public QTableView {
 public:
     explicit DataGrid(QWidget* parent = nullptr);
@@ -54,18 +57,24 @@ public:
     bool Bound() const { return source_ != nullptr; }
     void Caption(int column, const QString& caption) { model_->Caption(column, caption); }
     QString Caption(int column) const;
+    /// The operator has chosen a row; it is the recordset's current one.
+    void OnChoose(std::function<void()> choose) { choose_ = std::move(choose); }
     /// Brings the grid up to date now.
     void Refresh();
 
 protected:
     bool event(QEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void Schedule();
 
     RecordsetModel* model_;
     Recordset* source_ = nullptr;
+    std::function<void()> choose_;
     bool scheduled_ = false;
+    bool following_ = false;
 };
 
 } // namespace platform

@@ -42,11 +42,11 @@ void Recordset::Impl::act(Operation operation) {
 
 void Recordset::Impl::tell() {
     // A listener that moves the cursor knows of it.
-    if (!changed || isTelling) return;
+    if (listeners.empty() || isTelling) return;
     const QScopedValueRollback<bool> telling(isTelling, true);
-    // The listener may put another in its place.
-    const auto listener = changed;
-    listener();
+    // A listener may put another in its place.
+    const auto toTell = listeners;
+    for (const auto& [who, changed] : toTell) changed();
 }
 
 namespace {
@@ -202,7 +202,12 @@ void Recordset::AbsolutePosition(qsizetype row) {
     impl_->act([&](Cursor& cursor) { cursor.setPosition(row); });
 }
 
-void Recordset::OnChanged(std::function<void()> changed) { impl_->changed = std::move(changed); }
+void Recordset::OnChanged(std::function<void()> changed, const void* listener) {
+    if (changed)
+        impl_->listeners[listener] = std::move(changed);
+    else
+        impl_->listeners.erase(listener);
+}
 
 void UpdateTogether(const std::vector<Recordset*>& recordsets) {
     std::vector<Recordset::Impl*> parts;

@@ -6,7 +6,9 @@
 
 namespace platform {
 
-/// A timer that is started and stopped by its interval alone: 0 stops it, anything else (re)starts it.
+/// A timer that is started and stopped by its interval alone: 0 stops it, anything else (re)starts it. While
+/// a modal window of another owner stands it does not tick; of the ticks it misses one comes when the window
+/// is gone.
 class Timer : public QObject {
 public:
     Timer(const QString& name, std::function<void()> tick, QObject* parent);
@@ -19,7 +21,11 @@ public:
     void Tick() const { tick_(); }
 
 private:
+    void TickOrWait();
+    bool IsHeldUp() const;
+
     QTimer timer_;
+    QTimer waiting_;
     std::function<void()> tick_;
     int interval_ = 0;
 };

@@ -1,18 +1,20 @@
 #include "platform/widgets.h"
 
+#include "platform/text.h"
+
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 
 namespace platform {
 
-QChar UpperCase(QChar typed, const QLineEdit&) { return typed.toUpper(); }
+QChar UpperCase(QChar typed, const QLineEdit&) { return ToUpper(typed); }
 
-QChar UpperCaseNoBlank(QChar typed, const QLineEdit&) { return typed.isSpace() ? QChar() : typed.toUpper(); }
+QChar UpperCaseNoBlank(QChar typed, const QLineEdit&) { return typed.isSpace() ? QChar() : ToUpper(typed); }
 
 QChar UpperCaseAtStart(QChar typed, const QLineEdit& field) {
     const int caret = field.hasSelectedText() ? field.selectionStart() : field.cursorPosition();
-    return caret == 0 ? typed.toUpper() : typed;
+    return caret == 0 ? ToUpper(typed) : typed;
 }
 
 // ---- TextBox ------------------------------------------------------------------------------------------
@@ -66,7 +68,10 @@ void TextBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     const auto reason = event->reason();
     if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason) return;
-    if (selectAllOnFocus_ && reason != Qt::ActiveWindowFocusReason) {
+    // A window that came up on the way from the last field gives the focus as its own going.
+    const bool arrives = reason != Qt::ActiveWindowFocusReason || isAway_;
+    isAway_ = false;
+    if (selectAllOnFocus_ && arrives) {
         selectAll();
         selectOnRelease_ = reason == Qt::MouseFocusReason;
     }
@@ -79,6 +84,7 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
     if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
         reason == Qt::ActiveWindowFocusReason)
         return;
+    isAway_ = true;
     if (lostFocus_) lostFocus_();
 }
 

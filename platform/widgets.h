@@ -54,6 +54,7 @@ private:
     std::function<void()> lostFocus_;
     bool selectAllOnFocus_ = false;
     bool selectOnRelease_ = false;
+    bool isAway_ = true; ///< another control has had the focus since
 };
 
 /// Upper case while typing.

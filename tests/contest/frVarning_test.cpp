@@ -71,6 +71,7 @@ TEST_F(VarningProv, TheFrameLeavesFormAndMarkAndTheWayOfTheTabKey) {
     EXPECT_TRUE(delat.DubblettFlagga);
     EXPECT_EQ(f.frmTQSO->title(), "Tidigare QSO för SM5ABC (1)");
     EXPECT_TRUE(HarFokus(f.txtRSTM)) << "where Tab was going";
+    EXPECT_EQ(f.txtRSTM->selectedText(), f.txtRSTM->text()) << "typing replaces the report";
 }
 
 TEST_F(VarningProv, EscapeIsTheFrame) {
