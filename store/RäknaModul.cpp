@@ -7,13 +7,11 @@
 
 namespace {
 
-/// Rows of a distinct cursor under a filter; 0 without asking when the rule has none.
+/// Rows of a distinct cursor under a filter, which stays; 0 without asking when the rule has none.
 qsizetype Antal(platform::Recordset& markör, const std::optional<QString>& filter) {
     if (!filter) return 0;
     markör.Filter(*filter);
-    const qsizetype antal = markör.RecordCount();
-    markör.Filter(QString());
-    return antal;
+    return markör.RecordCount();
 }
 
 void Visa(const store::Bedömning& bedömning) {
@@ -43,7 +41,7 @@ void KollaPoängMT() {
     Visa(store::BedömMT({.diplom = diplom,
                          .lokator = f.txtLokator->text(),
                          .antalDiplom = Antal(db().rsDiplom, store::MTFilter(diplom, f.cmbBand->Text())),
-                         .antalMultiplar = Antal(db().rsMultiplar, QString()),
+                         .antalMultiplar = db().rsMultiplar.RecordCount(),
                          .redigera = delat.RedigeraQSO}));
 }
 
@@ -79,8 +77,9 @@ void RäknaPoäng(int Test) {
     delat.TotalPoäng = 0;
     delat.TotalQSOPoäng = 0;
     const store::PoängRegel regel = contest::TestFör(Test).poäng;
+    const bool räknas = regel != store::PoängRegel::Ingen;
     const auto ställning = store::Räkna(regel,
-                                        {.sumPoäng = d.rsPoäng.Sum(QStringLiteral("Poäng")),
+                                        {.sumPoäng = räknas ? d.rsPoäng.Sum(QStringLiteral("Poäng")) : 0,
                                          .poängRader = d.rsPoäng.RecordCount(),
                                          .diplom = d.rsDiplom.RecordCount(),
                                          .multiplar = d.rsMultiplar.RecordCount()},
@@ -88,6 +87,8 @@ void RäknaPoäng(int Test) {
     if (ställning) {
         delat.TotalPoäng = ställning->totalPoäng;
         delat.TotalQSOPoäng = ställning->totalQSOPoäng;
+        if (regel == store::PoängRegel::Km && d.rsPoäng.RecordCount() > 0)
+            delat.TotalRutPoäng = ställning->multiplar;
         f.lblMultiplar->setNum(ställning->multiplar);
         f.lblDiplom->setNum(ställning->diplom);
         f.lblTotalQSOPoäng->setNum(ställning->totalQSOPoäng);

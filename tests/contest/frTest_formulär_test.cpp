@@ -282,16 +282,6 @@ TEST_F(FormulärProv, EnterInTheCallDoesNotAskWhetherItIsADuplicate) {
     EXPECT_EQ(Ett("Poäng"), "2");
 }
 
-TEST_F(FormulärProv, ASaveStartsActivityAndRateAndEndsTheRest) {
-    frTest& f = StartaLogg(1);
-    f.TimerVila->Interval(1000);
-    Kör("sm5abc", "jo89wj");
-    EXPECT_TRUE(delat.TidGår);
-    EXPECT_EQ(f.TimerVila->Interval(), 0);
-    EXPECT_EQ(f.TimerAktiv->Interval(), 1000);
-    EXPECT_EQ(f.Timer_Wait->Interval(), 1000);
-}
-
 TEST_F(FormulärProv, ARefusedSaverStillClearsTheFormAndStartsTheClocks) {
     frTest& f = StartaLogg(1);
     SkrivI(f.txtSignal, "qq1aa"); // no country
@@ -312,46 +302,6 @@ TEST_F(FormulärProv, TheSaveLiftsTheFilterFromTheLogAndStandsOnTheNewestContact
     EXPECT_EQ(db().rsTESTQSO.Filter(), "");
     EXPECT_EQ(db().rsTESTQSO.RecordCount(), 2);
     EXPECT_EQ(db().rsTESTQSO.Field("Signal").text(), "SM5XYZ");
-}
-
-TEST_F(FormulärProv, LongestContactAndLocatorAreKeptInContests0To8) {
-    for (int test = 0; test < contest::antalTest; ++test) {
-        if (test == 0)
-            StartaLogg(0);
-        else
-            NyLogg(test, "prov.svk");
-        SCOPED_TRACE(test);
-        const QString signal = QString("DL%1AB").arg(test);
-        Kör(signal, "jo89wj");
-        const bool sparas = test <= 8;
-        EXPECT_EQ(LäsEtt(Fil("Lokator.dat"), "SELECT Lokator FROM Lokator WHERE Signal='" + signal + "'"),
-                  sparas ? "JO89WJ" : QString());
-        EXPECT_EQ(LäsEtt(Logg(), "SELECT LängstaQSOSträng FROM INFO").isEmpty(), !sparas);
-        EXPECT_EQ(Antal(), test >= 11 && test <= 13 ? "0" : "1");
-    }
-}
-
-TEST_F(FormulärProv, InFT8TheHandedOverContactIsDeletedAfterTheSave) {
-    frTest& f = StartaLogg(1);
-    const QString fil = Fil("FT8/TestQSO.ADI");
-    const auto lägg = [&] {
-        QDir().mkpath(Fil("FT8"));
-        QFile ny(fil);
-        return ny.open(QIODevice::WriteOnly) && ny.write("<eor>") > 0;
-    };
-    ASSERT_TRUE(lägg());
-    Kör("sm5abc", "jo89wj");
-    EXPECT_TRUE(QFile::exists(fil)) << "other modes have nothing to do with it";
-    f.cmbTrafik->setCurrentIndex(2);
-    SkrivI(f.txtSignal, "sm5xyz");
-    for (frTest::Fält* rst : {f.txtRSTM, f.txtRSTS}) rst->setText("-10");
-    Tryck(Qt::Key_Return);
-    EXPECT_EQ(Ett("Trafiksätt"), "FT8");
-    EXPECT_FALSE(QFile::exists(fil));
-    ASSERT_TRUE(lägg());
-    f.txtSignal->setFocus();
-    Tryck(Qt::Key_Return);
-    EXPECT_TRUE(QFile::exists(fil)) << "nothing was saved";
 }
 
 TEST_F(FormulärProv, InFT8TheReportsStayWhatTheyWere) {
@@ -391,26 +341,6 @@ TEST_F(FormulärProv, AfterTheCloseMenuACallCanBeTypedAndSavedToNoEffect) {
 
 // ---- the two refusals ---------------------------------------------------------------------------------
 
-TEST_F(FormulärProv, WithoutAContestNothingIsSavedAndTheFormStays) {
-    frTest& f = StartaLogg(1);
-    SkrivI(f.txtSignal, "sm5abc");
-    f.txtDiplom->setText("JO89WJ");
-    delat.AktuelltTest = 255;
-    f.cmbDiplom->Text("Lokator");
-    f.txtDiplom->setText("JO8"); // the other refusal would come second
-    for (const bool meny : {false, true}) {
-        if (meny)
-            f.Meny("mnuRedigera_SparaQSO")->trigger();
-        else
-            Tryck(Qt::Key_Return);
-        EXPECT_EQ(Tag(), (Meddelande{"Du har inte valt någon Test!", "Välj en TEST"}));
-        EXPECT_EQ(f.txtSignal->text(), "SM5ABC");
-        EXPECT_FALSE(delat.TidGår);
-    }
-    delat.AktuelltTest = 1;
-    EXPECT_EQ(Antal(), "0");
-}
-
 TEST_F(FormulärProv, WithAnEmptyCallNoContestIsAskedFor) {
     frTest& f = StartaLogg(1);
     delat.AktuelltTest = 255;
@@ -419,50 +349,6 @@ TEST_F(FormulärProv, WithAnEmptyCallNoContestIsAskedFor) {
     f.Meny("mnuRedigera_SparaQSO")->trigger();
     EXPECT_TRUE(meddelanden.empty());
     delat.AktuelltTest = 1;
-}
-
-TEST_F(FormulärProv, ALocatorOfAnotherLengthThanFourOrSixIsRefused) {
-    frTest& f = StartaLogg(1);
-    f.cmbDiplom->setFocus();
-    f.cmbDiplom->lineEdit()->selectAll();
-    Skriv("Lokator");
-    ASSERT_EQ(f.cmbDiplom->Text(), "Lokator");
-    const Meddelande fel{"Felaktigt angiven lokator! Kontrollera.", "Lokator"};
-    f.txtSignal->setText("SM5ABC");
-    f.txtSignal->setFocus();
-    for (const char* lokator : {"J", "JO", "JO8", "JO89W", "JO89WJ1", "JO89WJ12"}) {
-        SCOPED_TRACE(lokator);
-        f.txtDiplom->setText(lokator);
-        Tryck(Qt::Key_Return);
-        EXPECT_EQ(Tag(), fel);
-        f.Meny("mnuRedigera_SparaQSO")->trigger();
-        EXPECT_EQ(Tag(), fel);
-        EXPECT_EQ(f.txtDiplom->text(), lokator);
-        EXPECT_EQ(f.txtSignal->text(), "SM5ABC");
-    }
-    EXPECT_EQ(Antal(), "0");
-    EXPECT_FALSE(delat.TidGår);
-}
-
-TEST_F(FormulärProv, ALocatorOfFourOrSixCharactersAndNoneAtAllPass) {
-    frTest& f = StartaLogg(1);
-    f.cmbDiplom->Text("Lokator");
-    int antal = 0;
-    for (const char* lokator : {"", "JO89", "JO89WJ"}) {
-        f.txtSignal->setText(QString("SM5A%1").arg(antal));
-        f.txtDiplom->setText(lokator);
-        f.txtSignal->setFocus();
-        Tryck(Qt::Key_Return);
-        EXPECT_EQ(Antal(), QString::number(++antal)) << lokator;
-    }
-}
-
-TEST_F(FormulärProv, AnyLengthPassesWhileTheAwardBoxReadsDiplom) {
-    frTest& f = StartaLogg(1);
-    Kör("sm5abc", "jo8");
-    EXPECT_EQ(Tag().titel, "VisaRiktningAvstånd");
-    EXPECT_EQ(Antal(), "1");
-    EXPECT_EQ(f.txtSignal->text(), "");
 }
 
 TEST_F(FormulärProv, TheMenuStopsTheClocksBeforeItRefuses) {

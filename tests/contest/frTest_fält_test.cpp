@@ -347,13 +347,13 @@ TEST_F(FältProv, TheAwardBoxHasNoListAndReadsDiplom) {
 
 TEST_F(FältProv, WhatIsReceivedStandsRedOnLightYellow) {
     frTest& f = StartaLogg(7);
-    for (Fält* fält : {f.txtSignal, f.txtRSTM, f.txtLöpnrM, f.txtDiplom}) {
+    for (Fält* fält : {f.txtSignal, f.txtRSTM, f.txtLöpnrM, f.txtDiplom, f.txtITUM, f.txtZONM, f.txtNamn}) {
         SCOPED_TRACE(fält->objectName().toStdString());
         fält->clear();
         EXPECT_EQ(Bakgrund(fält), QColor(255, 255, 192));
         fält->setText("MM");
         fält->deselect();
-        f.txtNamn->setFocus();
+        f.txtNotering->setFocus();
         EXPECT_TRUE(HarPunkt(fält, ÄrRöd));
         EXPECT_FALSE(HarPunkt(fält, ÄrSvart));
     }

@@ -47,6 +47,42 @@ TEST_F(Poängtavla, AnEmptyLogHasABoardOfZeros) {
     }
 }
 
+TEST_F(Poängtavla, ALogThatHasNoContactsAnyMoreIsZeroWhateverStoodThere) {
+    frTest& f = StartaLogg(0);
+    for (const int test : {1, 7, 9}) {
+        NyLogg(test, QStringLiteral("%1.svk").arg(test));
+        for (QLabel* etikett : {f.lblMultiplar, f.lblDiplom, f.lblTotalPoäng, f.lblTotalQSOPoäng})
+            etikett->setText("7");
+        RäknaPoäng(test);
+        EXPECT_EQ(Tavla(), "0|0|0|0|0") << test;
+    }
+}
+
+TEST_F(Poängtavla, AContestThatIsNotCountedDoesNotMindItsPoints) {
+    frTest& f = StartaKlar(1);
+    Kör("sm5abc", "jo89wj");
+    Ändra(Logg(), "UPDATE TESTQSO SET Poäng='many'");
+    db().rsPoäng.Requery();
+    f.lblMultiplar->setText("7");
+    for (const int test : {11, 12, 13, 99}) RäknaPoäng(test);
+    EXPECT_EQ(f.lblMultiplar->text(), "7");
+    EXPECT_EQ(f.lblTotalPoäng->text(), "0");
+}
+
+TEST_F(Poängtavla, AfterTheJudgementNoFilterStandsOnTheMultipliers) {
+    StartaLogg(0);
+    for (const int test : {1, 7, 9, 11}) {
+        NyLogg(test, QStringLiteral("%1.svk").arg(test));
+        SkrivI(frTest::instans().txtSignal, "dl1abc");
+        frTest::instans().txtDiplom->setText("JO62QM");
+        db().rsMultiplar.Filter("Multiplar = 'X'");
+        db().rsDiplom.Filter("Diplom = 'X'");
+        KollaPoäng(test);
+        EXPECT_EQ(db().rsMultiplar.Filter(), "") << test;
+        EXPECT_EQ(db().rsDiplom.Filter(), "") << test;
+    }
+}
+
 // ---- kilometres ---------------------------------------------------------------------------------------
 
 class Kilometer : public Poängtavla, public ::testing::WithParamInterface<int> {};
@@ -83,6 +119,7 @@ TEST_P(Kilometer, ASquareCountsOnceAndEachContactBringsItsKilometres) {
     EXPECT_EQ(Tavla(), "4|2061|1000|2|3061");
     EXPECT_EQ(delat.TotalPoäng, 3061);
     EXPECT_EQ(delat.TotalQSOPoäng, 2061);
+    EXPECT_EQ(delat.TotalRutPoäng, 1000);
     EXPECT_EQ(frTest::instans().lblQSOPoäng->text(), "0");
 }
 

@@ -331,6 +331,10 @@ TEST_F(Sparkedja, InFT8ModeTheParkedRecordIsRemovedAfterASave) {
         Spara(spar);
         EXPECT_FALSE(QFile::exists(fil));
     }
+    skrivFil();
+    f.cmbTrafik->setCurrentIndex(2);
+    Spara(Spar::Knapp);
+    EXPECT_TRUE(QFile::exists(fil)) << "nothing was saved";
     EXPECT_EQ(
         Rader("Signal, Trafiksätt, Mottaget, Sänt"),
         (QStringList{"SM5ABC|CW|599|599", "SM5ABD|FT8|-10|-12", "SM6ABC|CW|599|599", "SM6ABD|FT8|-10|-12"}));

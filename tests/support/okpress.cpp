@@ -66,9 +66,9 @@ class OkPress : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "okpress.json")
 
 public:
-    QObject* create(const QString& key, const QString& specification) override {
+    QObject* create(const QString& key, const QString& argument) override {
         Q_UNUSED(key)
-        Q_UNUSED(specification)
+        Q_UNUSED(argument)
         return new Watcher;
     }
 };
