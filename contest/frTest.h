@@ -62,7 +62,7 @@ public:
     QGroupBox* frmDigital;
     QPlainTextEdit *RXWindow, *TXWindow;
 
-    platform::Timer *TestTimer, *TimerAktiv, *TimerVila, *Timer_Wait;
+    platform::Timer *TestTimer, *TimerAktiv, *TimerVila, *Timer_Wait, *Nettimer;
 
     /// A menu or menu entry by its name. @throws std::out_of_range
     QAction* Meny(const char* namn) const { return menyer_.at(QString::fromUtf8(namn)); }
@@ -86,6 +86,12 @@ public:
     void StängTestLogg();
     /// Blanks the fields of the row that rsTESTQSO is adding. @throws platform::Failure
     void TömTESTQSO();
+    /// Reads the log again, for what other stations have put there. Its timer is never given an interval: an
+    /// operator sees other stations' contacts at his own next save, or when he opens the log.
+    void UppdateraViaNät();
+    // A shared log is opened like any other; there is no server to connect to.
+    void AnslutTillServer() {}
+    void KopplafrånSever() {}
     void mnuArkiv_StängTestlogg_Click();
     void mnuArkiv_ÖppnaTestlogg_Click();
 

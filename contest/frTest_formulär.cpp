@@ -10,6 +10,7 @@
 #include "store/LokatorModul.h"
 #include "store/RäknaModul.h"
 #include "store/SparaModul.h"
+#include "store/frEditorTest.h"
 
 #include <QKeyEvent>
 
@@ -61,6 +62,7 @@ void frTest::KopplaKnappar() {
     connect(cmdRadera, &QPushButton::clicked, this, [this] { cmdRadera_Click(); });
     connect(cmdVila, &QPushButton::clicked, this, [this] { cmdVila_Click(); });
     connect(cmdRensa, &QPushButton::clicked, this, [this] { cmdRensa_Click(); });
+    connect(dgLogg, &QTableView::doubleClicked, this, [] { frEditorTest::instans().VisaVald(); });
     Image1->OnClick([this] { Meny("mnufönster_Grid")->trigger(); });
 }
 
@@ -98,8 +100,8 @@ void frTest::KollaPoängOmDags() {
 void frTest::txtDiplom_Change() {
     const auto längd = txtDiplom->text().size();
     if (lblTyp->text() == QLatin1String("Lokator") && (längd == 6 || längd == 4)) KollaDiplom();
-    if (lblTyp->text() == QLatin1String("State/Province") && längd == 2) {
-        KollaTidigare();
+    if (lblTyp->text() == QLatin1String("State/Province")) {
+        if (längd == 2) KollaTidigare();
         KollaPoäng(delat.AktuelltTest);
     }
 }

@@ -14,7 +14,7 @@ namespace {
 using platform::Named;
 using platform::Twips;
 
-const char* const mottagetFärg = "background: rgb(255,255,192); color: rgb(200,0,0);";
+const char* const mottagetFärg = "background: rgb(255,255,192); color: rgb(255,0,0);";
 const char* const säntFärg = "background: rgb(128,255,128); color: black;";
 const char* const låstFärg = "background: palette(window); color: palette(window-text);";
 
@@ -28,6 +28,7 @@ QFont Större(const QWidget* widget, double gånger, bool fet = true) {
 /// A field that is wide enough for so many characters and can be squeezed to three.
 frTest::Fält* NyttFält(const char* namn, int tecken, const char* färg = nullptr) {
     auto* fält = Named(new frTest::Fält, namn);
+    // A field that the contest does not use is grey, whatever it is for.
     if (färg) fält->setStyleSheet(QStringLiteral("QLineEdit:enabled { %1 }").arg(QLatin1String(färg)));
     fält->setMinimumWidth(fält->fontMetrics().averageCharWidth() * qMin(tecken, 12) + 14);
     fält->setMaximumWidth(fält->fontMetrics().averageCharWidth() * tecken * 2 + 14);
@@ -160,6 +161,8 @@ void frTest::ByggFönster() {
         QStringLiteral("TimerVila"), [this] { VilaTesttid(); }, this);
     Timer_Wait = new platform::Timer(
         QStringLiteral("Timer_Wait"), [this] { Timer_Wait_Tick(); }, this);
+    Nettimer = new platform::Timer(
+        QStringLiteral("Nettimer"), [this] { UppdateraViaNät(); }, this);
     ByggStatusrad();
 }
 
@@ -378,6 +381,7 @@ QWidget* frTest::ByggListor() {
         auto* rutnät = Named(new platform::DataGrid, namn);
         rutnät->setAccessibleName(rubrik);
         rutnät->setFocusPolicy(Qt::ClickFocus);
+        rutnät->horizontalHeader()->setStretchLastSection(true);
         return rutnät;
     };
     const auto ram = [](QGroupBox* grupp, QWidget* innehåll) {

@@ -10,6 +10,7 @@
 #include "store/RäknaModul.h"
 #include "store/SparaKolumner.h"
 #include "store/SparaModul.h"
+#include "store/frEditorTest.h"
 
 #include <QFileInfo>
 
@@ -136,6 +137,8 @@ void frTest::VerkställÖppnaTestLogg() {
     txtAktiv->setText(d.rsINFO.Field(QStringLiteral("AktivTid")).text());
     txtVila->setText(d.rsINFO.Field(QStringLiteral("ViloTid")).text());
     RensaTest();
+    frEditorTest::FöljLogg(true);
+    TestTimer_Tick(); // a contact within the first second has a time too
     txtSignal->setFocus();
 }
 
@@ -178,6 +181,10 @@ void frTest::StängTestLogg() {
         lblLängstaQSO->hide();
         platform::MsgBox(QStringLiteral("Ett databasfel har inträffat."), QStringLiteral("StängTestLogg"));
     }
+}
+
+void frTest::UppdateraViaNät() {
+    if (HarLogg()) db().rsTESTQSO.Requery();
 }
 
 void frTest::mnuArkiv_StängTestlogg_Click() {

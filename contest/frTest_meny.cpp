@@ -7,6 +7,10 @@
 #include "contest/frTestInst.h"
 #include "contest/frTestOm.h"
 #include "contest/frTestVal.h"
+#include "shared/Minnen.h"
+#include "shared/frData.h"
+#include "shared/frNätverkInst.h"
+#include "store/frEditorTest.h"
 
 #include <QMenuBar>
 
@@ -92,6 +96,7 @@ constexpr Menypost menyposter[] = {
     {0, "mnufönster", "&Fönster"},
     {1, "mnufönster_Grid", "Grid Karta"},
     {1, "mnufönster_Lokator", "Lokator (lista)"},
+    {1, "mnufönster_Editor", "Logg Data (Editor)"},
     {1, "mnuFönster_DXSpot", "DX Spot"},
     {1, "mnuFönster_Digi", "Digital Test (FT8)"},
     {1, "mnuFönster_Spelaljudfiler", "Spela ljudfiler (wav)"},
@@ -157,6 +162,15 @@ void frTest::KopplaMenyer() {
     vid("mnuInställning_Vila", [this] { cmdVila_Click(); });
     vid("mnuInställning_Epost", [] { VäljEpostprogram(); });
     vid("mnuRapport_Editor", [] { VäljEditor(); });
+    vid("mnuRedigera_Uppdatera_Lokator", [] { UppdateraLokator(); });
+    vid("mnuRedigera_Uppdatera_Friend", [] { UppdateraFriend(); });
+    vid("mnuRedigera_TömLokator", [] { TömLokator(); });
+    vid("mnuRedigera_TömFriend", [] { TömFriend(); });
+    vid("mnuArkiv_AnslutServer", [this] { AnslutTillServer(); });
+    vid("mnuArkiv_KopplafrånServer", [this] { KopplafrånSever(); });
+    vid("mnuInställning_Nätverk_Inställning", [] { frNätverkInst::instans().Visa(); });
+    vid("mnufönster_Lokator", [] { frData::instans().Visa(); });
+    vid("mnufönster_Editor", [] { frEditorTest::instans().Visa(); });
     vid("mnufönster_Grid", [] { frGrid::instans().Visa(); });
     vid("mnuHjälp_Sorvik", [] { frHjälp::instans().Visa(); });
     vid("mnuHjälp_Om", [] { frTestOm::instans().Visa(); });

@@ -7,6 +7,7 @@
 #include "store/PrefixSök.h"
 #include "store/RäknaModul.h"
 #include "store/SparaModul.h"
+#include "store/frEditorTest.h"
 
 using platform::GridColumn;
 using platform::Twips;
@@ -74,6 +75,7 @@ void BindLogg(platform::DataGrid& rutnät, const QString& utan) {
 
 void frTest::KopplaFrånRutnät() {
     for (platform::DataGrid* rutnät : {dgLogg, dgMulti, dgDXCC, dgTidigareQSO}) rutnät->Unbind();
+    frEditorTest::FöljLogg(false);
 }
 
 void frTest::UppdateraTest() {
