@@ -34,6 +34,7 @@ void EndByFailure(const QString& message) {
     std::fprintf(stderr, "Sorvik: run-time error: %s\n", message.toUtf8().constData());
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Sorvik"),
                     QStringLiteral("Run-time error:\n\n") + message, QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
     box.setObjectName(QStringLiteral("RuntimeError"));
     if (!replacedEnd()) box.exec();
     ending = false;

@@ -95,6 +95,13 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     if (choose_) choose_();
 }
 
+void DataGrid::focusInEvent(QFocusEvent* event) {
+    // The view puts a current row of its own where it has none.
+    Refresh();
+    const QScopedValueRollback<bool> following(following_, true);
+    QTableView::focusInEvent(event);
+}
+
 void DataGrid::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
     // A click on the row that is current already is a choice too.

@@ -11,6 +11,7 @@ namespace {
 QMessageBox::StandardButton showBox(QMessageBox::Icon icon, const QString& text, const QString& title,
                                     QMessageBox::StandardButtons buttons) {
     QMessageBox box(icon, title, text, buttons, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText); // a call is no markup
     box.setObjectName(QStringLiteral("MsgBox"));
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -1,6 +1,7 @@
 #include "platform/timer.h"
 
 #include <QApplication>
+#include <QWidget>
 
 namespace platform {
 

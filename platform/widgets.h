@@ -114,7 +114,7 @@ public:
     QString Cell(int row, int column) const;
 };
 
-/// Gives a widget its name for tests and its spoken name for accessibility tools.
+/// Gives a widget the name by which tests and tools find it.
 template <class W>
 W* Named(W* widget, const char* name) {
     widget->setObjectName(QString::fromUtf8(name));
