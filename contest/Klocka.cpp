@@ -3,6 +3,8 @@
 #include "platform/failure.h"
 #include "platform/text.h"
 
+#include <cmath>
+
 namespace contest {
 namespace {
 
@@ -40,7 +42,9 @@ QString UTCTidText(const QDateTime& nu, const QString& opUTCTid) {
     constexpr int sekunderPerTimme = 3600;
     // A clock on the wall: the hours are added to what the local clock shows, changes of summer time aside.
     const QDateTime väggklocka(nu.date(), nu.time(), Qt::UTC);
-    return TidText(väggklocka.addSecs(qint64{platform::ToInt16(platform::Val(opUTCTid))} * sekunderPerTimme));
+    const double timmar = platform::Val(opUTCTid);
+    const bool användbar = std::abs(timmar) <= 24;
+    return TidText(väggklocka.addSecs(användbar ? qint64{platform::ToInt16(timmar)} * sekunderPerTimme : 0));
 }
 
 QString TestDatumText(const QDateTime& nu, const QString& opUTCTid) {

@@ -16,7 +16,8 @@ QString TidText(const QDateTime& tid);
 
 /// The clock text of UTC.
 /// @param nu local time
-/// @param opUTCTid hours to add to it, as text; a text without a number adds nothing
+/// @param opUTCTid hours to add to it, as text; a text without a number, or with more than a day, adds
+/// nothing
 QString UTCTidText(const QDateTime& nu, const QString& opUTCTid);
 
 /// The date that goes with the UTC clock, "yyyy-MM-dd". It looks at the local hour, and at the offset "-3" it

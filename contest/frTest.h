@@ -187,11 +187,13 @@ private:
     bool SparaVägras();
     /// KollaPoäng under the conditions of the save chains and of txtSignal's focus.
     void KollaPoängOmDags();
-    /// A contact that could not be written when it was saved gets its last chance. What goes on with it all
-    /// the same would otherwise never end on a log that may not be written.
+    /// A contact that could not be written when it was saved gets its last chance; if that fails
+    /// too, the message comes and the contact is given up.
     void SkrivHållenKontakt();
     void EfterSparad();
     void StartaKlockor();
+    /// Neither activity nor rest runs; the rate goes on.
+    void StannaKlockor();
     void ÄrvTvåPoäng(const QString& multiplar);
     void EnSekund(Fält* klocka);
     void Taktrapport(int& räknare, int gräns, int& qsoVidSenaste, const QString& text);

@@ -19,7 +19,7 @@ using platform::Named;
 struct frTestInst::Uppgift {
     const char* kolumn;
     QString DeladeVärden::*värde;
-    Fält* frTestInst::*fält; ///< nullptr: the UTC box, or no field at all
+    Fält* frTestInst::*fält; ///< nullptr: the UTC box
     const char* start;
 };
 
@@ -58,8 +58,10 @@ QString frTestInst::Text(const Uppgift& uppgift) const {
 void frTestInst::Text(const Uppgift& uppgift, const QString& text) {
     if (uppgift.fält)
         (this->*uppgift.fält)->setText(text);
-    else
+    else {
+        cmbUTC->setCurrentIndex(cmbUTC->findText(text));
         cmbUTC->Text(text);
+    }
 }
 
 frTestInst::frTestInst() {

@@ -50,6 +50,11 @@ void frTest::Taktrapport(int& räknare, int gräns, int& qsoVidSenaste, const QS
     räknare = 0;
 }
 
+void frTest::StannaKlockor() {
+    delat.TidGår = false;
+    for (platform::Timer* timer : {TimerAktiv, TimerVila}) timer->Interval(0);
+}
+
 void frTest::cmdVila_Click() {
     if (!delat.TidGår) return;
     delat.TidGår = false;

@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/text.h"
 #include "platform/windows.h"
 #include "store/Databaser.h"
 #include "store/RäknaModul.h"
@@ -49,7 +50,8 @@ void StängMarkör(platform::Recordset& markör) {
 } // namespace
 
 bool frTest::HarLogg() const {
-    return delat.TestLoggÖppen && db().rsTESTQSO.IsOpen() && db().rsINFO.IsOpen();
+    // The last cursor to be opened: an opening that failed halfway has left no log.
+    return delat.TestLoggÖppen && db().rsTESTQSO.IsOpen() && db().rsMultiplar.IsOpen();
 }
 
 void frTest::NyTestLogg() {
@@ -88,14 +90,12 @@ void frTest::ÖppnaTestLogg() {
 
 void frTest::mnuArkiv_ÖppnaTestlogg_Click() {
     ÖppnaTestLogg();
-    if (!delat.TestLoggÖppen) return;
-    delat.TidGår = false;
-    TimerAktiv->Interval(0);
-    TimerVila->Interval(0);
+    if (delat.TestLoggÖppen) StannaKlockor();
 }
 
 void frTest::VerkställÖppnaTestLogg() {
     StängTestLogg();
+    StannaKlockor(); // whichever way led here: they are not those of the log to come
     // The close menu has closed the reference databases as well; the log cannot do without them.
     ÅteröppnaDatabasar();
     Databaser& d = db();
@@ -103,7 +103,7 @@ void frTest::VerkställÖppnaTestLogg() {
     d.TestDB.CursorLocation(3);
     d.rsINFO.Open(QStringLiteral("INFO"), d.TestDB);
     if (!d.rsINFO.IsBOF()) d.rsINFO.MoveFirst();
-    delat.AktuelltTest = d.rsINFO.Field(QStringLiteral("Aktuellt_Test")).integer();
+    delat.AktuelltTest = platform::ToInt16(d.rsINFO.Field(QStringLiteral("Aktuellt_Test")).number());
     d.rsTESTQSO.Open(QStringLiteral("TESTQSO"), d.TestDB);
     d.rsTESTDXCC.Open(QStringLiteral("TESTDXCC"), d.TestDB);
     Initiera_dgLogg();
@@ -116,7 +116,9 @@ void frTest::VerkställÖppnaTestLogg() {
     cmbTrafik->Locked(false);
     cmbBand->Locked(false);
     lblQSO->setNum(static_cast<int>(d.rsTESTQSO.RecordCount()));
-    frmLogg->setTitle(QStringLiteral("TestLogg Fil [") + delat.TestLoggTitel + QLatin1Char(']'));
+    QString titel = delat.TestLoggTitel;
+    titel.replace(QLatin1Char('&'), QLatin1String("&&")); // one alone would mark a key
+    frmLogg->setTitle(QStringLiteral("TestLogg Fil [") + titel + QLatin1Char(']'));
     Initiera_dgLogg();
     Initiera_fgTestData1();
     Initiera_fgTestData2();
@@ -126,6 +128,9 @@ void frTest::VerkställÖppnaTestLogg() {
     Initiera_dgMulti();
     lblLängstaQSO->hide();
     InitieraTest(delat.AktuelltTest);
+    // Where nothing is counted the board of the log before must not stay.
+    if (Test().poäng == store::PoängRegel::Ingen)
+        for (QLabel* etikett : {lblMultiplar, lblDiplom, lblTotalQSOPoäng}) etikett->setNum(0);
     RäknaPoäng(delat.AktuelltTest);
     UppdateraBand();
     txtZONM->setText(delat.OpZon);
@@ -190,6 +195,8 @@ void frTest::UppdateraViaNät() {
 void frTest::mnuArkiv_StängTestlogg_Click() {
     StängTestLogg();
     delat.TestLoggÖppen = false;
+    StannaKlockor();
+    Timer_Wait->Interval(0);
     StängDatabasar();
     RensaTest();
     frmLogg->setTitle(QStringLiteral("TestLogg Fil"));

@@ -17,6 +17,8 @@ int main(int argc, char** argv) {
         frTest::instans().Ladda();
     } catch (const platform::Failure& fel) {
         platform::EndByFailure(fel.message());
+    } catch (const std::exception& fel) {
+        platform::EndByFailure(QString::fromLocal8Bit(fel.what()));
     }
     return QApplication::exec();
 }

@@ -1,5 +1,6 @@
 #include "store/Databaser.h"
 
+#include "contest/TestKatalog.h"
 #include "platform/dialogs.h"
 #include "platform/paths.h"
 
@@ -121,7 +122,7 @@ void ÖppnaFrågor(int test) {
     öppna(d.rsTidigare,
           "select Datum, Tid, Signal, Frekvens, Trafiksätt, [Band ], Sänt, Mottaget from TESTQSO");
     öppna(d.rsPoäng, "select Poäng from TESTQSO");
-    if (test == 41 || test == 42) {
+    if (contest::ÄrStatTest(test)) {
         öppna(d.rsState, "select DISTINCT State from TESTQSO WHERE NOT State = ''");
         öppna(d.rsProvince, "select DISTINCT Province from TESTQSO WHERE NOT Province = ''");
     } else {

@@ -6,9 +6,9 @@
 
 /// The connections and cursors of the process.
 ///
-/// Three databases are open from start to exit, the locator and friend databases from the first open log,
-/// the cursors over the log as long as it is open. Query cursors are snapshots: who changes TESTQSO asks
-/// them anew.
+/// Three databases are open from start to exit but for the close menu, the locator and friend databases from
+/// the first open log, the cursors over the log as long as it is open. Query cursors are snapshots: who
+/// changes TESTQSO asks them anew.
 struct Databaser {
     platform::Connection DataDB, DXSpottDB, SVDDB, LokatorDB, FriendDB, TestDB;
 

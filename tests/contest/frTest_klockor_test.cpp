@@ -188,9 +188,44 @@ TEST_F(KlockProv, AModalWindowHoldsTheTimersUpAndOneTickComesWhenItHasGone) {
     const QString då = f.txtAktiv->text();
     QTest::qWait(60);
     EXPECT_EQ(f.txtAktiv->text(), då);
-    f.TimerAktiv->Interval(100000);
     ruta.close();
-    QTest::qWait(100);
-    EXPECT_EQ(f.txtAktiv->text(), då) << "a new interval begins anew";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return f.txtAktiv->text() != då; }));
     f.TimerAktiv->Interval(0);
+}
+
+TEST_F(KlockProv, ATickThatWasHeldUpComesOnceThoughTheNextIsFarAway) {
+    frTest& f = StartaLogg(1);
+    for (platform::Timer* timer : {f.TestTimer, f.Timer_Wait}) timer->Interval(0);
+    QDialog ruta(&f);
+    ruta.setModal(true);
+    ruta.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&ruta));
+    f.TimerAktiv->Interval(300);
+    QTest::qWait(350);
+    EXPECT_EQ(f.txtAktiv->text(), "00:00:00");
+    ruta.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return f.txtAktiv->text() == "00:00:01"; }, 200));
+    f.TimerAktiv->Interval(0);
+}
+
+TEST_F(KlockProv, AnOffsetThatIsNoHourIsNone) {
+    frTest& f = StartaLogg(1);
+    for (const char* utc : {"99999", "hej", "", "-25"}) {
+        delat.OpUTCTid = utc;
+        f.TestTimer_Tick();
+        EXPECT_EQ(f.txtUTCTid->text(), f.txtLokalTid->text()) << utc;
+    }
+}
+
+TEST_F(KlockProv, NoWayIntoALogLetsTheClocksOfTheOneBeforeRunOn) {
+    frTest& f = StartaLogg(1);
+    Kör("sm5abc", "jo89wj");
+    filval.push_back(Logg());
+    f.ÖppnaTestLogg(); // as the button of the choice of contests does
+    EXPECT_EQ(f.TimerAktiv->Interval(), 0);
+    EXPECT_FALSE(delat.TidGår);
+    Kör("sm6abc", "jo67bq");
+    f.mnuArkiv_StängTestlogg_Click();
+    for (const platform::Timer* timer : {f.TimerAktiv, f.TimerVila, f.Timer_Wait})
+        EXPECT_EQ(timer->Interval(), 0);
 }

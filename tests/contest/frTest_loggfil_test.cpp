@@ -161,6 +161,22 @@ TEST_F(LoggfilProv, AMissingTemplateIsToldAndTheLogThatStoodThereStays) {
     EXPECT_FALSE(slut.has_value());
 }
 
+TEST_F(LoggfilProv, ALogThatFailedHalfwayIsNoLogEvenIfOneWasOpenBefore) {
+    frTest& f = StartaLogg(1);
+    Ändra(Fil("SVK"), "DROP TABLE TESTDXCC");
+    Ny(Logg("ny.svk"));
+    EXPECT_EQ(Tag(), nyFel);
+    EXPECT_FALSE(f.HarLogg());
+    SkrivI(f.txtSignal, "sm5abc");
+    Tryck(Qt::Key_Escape);
+    EXPECT_EQ(f.txtSignal->text(), "");
+}
+
+TEST_F(LoggfilProv, AnAmpersandInTheNameIsShown) {
+    StartaLogg(1, "a&b.svk");
+    EXPECT_EQ(frTest::instans().frmLogg->title(), "TestLogg Fil [a&&b.svk]");
+}
+
 TEST_F(LoggfilProv, ANameInAFolderThatDoesNotExistIsTold) {
     frTest& f = Starta();
     Ny(Fil("Loggar/finns inte/prov.svk"));

@@ -58,6 +58,13 @@ TEST_F(Poängtavla, ALogThatHasNoContactsAnyMoreIsZeroWhateverStoodThere) {
     }
 }
 
+TEST_F(Poängtavla, AContestThatIsNotCountedShowsNothingOfTheLogBefore) {
+    StartaKlar(1);
+    Kör("sm5abc", "jo89wj");
+    NyLogg(12, "ny.svk");
+    EXPECT_EQ(Tavla(), "0|0|0|0|0");
+}
+
 TEST_F(Poängtavla, AContestThatIsNotCountedDoesNotMindItsPoints) {
     frTest& f = StartaKlar(1);
     Kör("sm5abc", "jo89wj");
