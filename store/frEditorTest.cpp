@@ -255,8 +255,10 @@ void frEditorTest::done(int resultat) {
     dgTestLogg->Unbind();
     // A contact that stays chosen behind a closed window would be written over by the next one on the entry
     // form.
-    if (delat.RedigeraQSO) frTest::instans().RensaTest();
+    const bool redigeras = delat.RedigeraQSO;
     Rensa();
+    if (redigeras) frTest::instans().RensaTest();
+    if (HarLogg()) VisaHelaLoggen();
 }
 
 void frEditorTest::Notera(const QString& text) {

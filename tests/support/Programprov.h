@@ -67,6 +67,11 @@ protected:
     static bool HarFokus(const QWidget* kontroll) {
         return QTest::qWaitFor([kontroll] { return QApplication::focusWidget() == kontroll; }, 2000);
     }
+    /// Makes a window the active one, as a window manager does with one that comes up.
+    static bool Aktivera(QWidget& fönster) {
+        fönster.activateWindow();
+        return QTest::qWaitFor([&fönster] { return fönster.isActiveWindow(); }, 2000);
+    }
     /// What happens when a modal window of that class comes up next: the function runs inside it.
     static void NärFönster(const char* klass, std::function<void(QWidget*)> gör);
     /// frVarning: OK (the contact is thrown away), or closed by its frame (the contact stays).
