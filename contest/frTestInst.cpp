@@ -58,10 +58,8 @@ QString frTestInst::Text(const Uppgift& uppgift) const {
 void frTestInst::Text(const Uppgift& uppgift, const QString& text) {
     if (uppgift.fält)
         (this->*uppgift.fält)->setText(text);
-    else {
-        cmbUTC->setCurrentIndex(cmbUTC->findText(text));
-        cmbUTC->Text(text);
-    }
+    else
+        cmbUTC->Choose(text);
 }
 
 frTestInst::frTestInst() {

@@ -40,7 +40,8 @@ void frTest::Taktrapport(int& räknare, int gräns, int& qsoVidSenaste, const QS
     if (räknare < gräns) return;
     platform::DoEvents();
     if (HarLogg()) {
-        const int antal = platform::ToInt16(static_cast<double>(db().rsTESTQSO.RecordCount()));
+        // rsPoäng has a row for each contact, whatever part of the log the editor shows.
+        const int antal = platform::ToInt16(static_cast<double>(db().rsPoäng.RecordCount()));
         // insertPlainText and not appendPlainText: the report ends its own line.
         txtInfo->moveCursor(QTextCursor::End);
         txtInfo->insertPlainText(text + QString::number(antal - qsoVidSenaste) + QStringLiteral(" st.\r\n"));

@@ -282,6 +282,7 @@ QWidget* frTest::ByggVärde() {
     fgTestData1->setAccessibleName(QStringLiteral("Körda band och trafiksätt"));
     värde->addWidget(fgTestData1, 0, Qt::AlignLeft);
     lblLängstaQSO = Named(new QLabel, "lblLängstaQSO");
+    lblLängstaQSO->setTextFormat(Qt::PlainText);
     lblLängstaQSO->setFont(Större(lblLängstaQSO, 1.0));
     QSizePolicy plats = lblLängstaQSO->sizePolicy();
     plats.setRetainSizeWhenHidden(true);

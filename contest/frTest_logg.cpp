@@ -116,6 +116,8 @@ void frTest::VerkställÖppnaTestLogg() {
     cmbTrafik->Locked(false);
     cmbBand->Locked(false);
     lblQSO->setNum(static_cast<int>(d.rsTESTQSO.RecordCount()));
+    // The rate is of contacts made from now on.
+    delat.QSO10min = delat.QSO1tim = static_cast<int>(d.rsTESTQSO.RecordCount());
     QString titel = delat.TestLoggTitel;
     titel.replace(QLatin1Char('&'), QLatin1String("&&")); // one alone would mark a key
     frmLogg->setTitle(QStringLiteral("TestLogg Fil [") + titel + QLatin1Char(']'));
@@ -127,6 +129,7 @@ void frTest::VerkställÖppnaTestLogg() {
     Initiera_dgTidigareQSO();
     Initiera_dgMulti();
     lblLängstaQSO->hide();
+    lblLängstaQSO->clear(); // two contests show it without ever writing it
     InitieraTest(delat.AktuelltTest);
     // Where nothing is counted the board of the log before must not stay.
     if (Test().poäng == store::PoängRegel::Ingen)
@@ -259,6 +262,8 @@ void frTest::InitieraVal(const contest::Test& val) {
     txtDiplom->setAccessibleName(lblTyp->text());
     Sätt(lblMultipelText, val.lblMultipelText);
     Sätt(lblDiplomText, val.lblDiplomText);
+    lblMultiplar->setAccessibleName(lblMultipelText->text());
+    lblDiplom->setAccessibleName(lblDiplomText->text());
     if (val.lblLängstaQSOSynlig) lblLängstaQSO->setVisible(*val.lblLängstaQSOSynlig);
     if (val.rutPoäng) delat.RutPoäng = val.rutPoäng->toString();
     if (val.kmPoäng) delat.KmPoäng = val.kmPoäng->toString();

@@ -34,19 +34,17 @@ void SkrivBandrubriker(platform::FlexGrid& rutnät) {
     }
 }
 
-/// A red X wherever the cursor has a row for the condition and the band, and nothing elsewhere.
-void SättKryss(platform::FlexGrid& rutnät, int rad, platform::Recordset& markör, const QString& villkor) {
+/// A red X wherever the cursor has a row for the condition and the band, and nothing elsewhere. The cursor
+/// looks a filter up in its index: none of them is a pass over the rows.
+/// @param markör nullptr: no X for any band
+void SättKryss(platform::FlexGrid& rutnät, int rad, platform::Recordset* markör, const QString& villkor) {
     for (size_t i = 0; i < rutnätsband.size(); ++i) {
-        markör.Filter(villkor + QStringLiteral(" AND ") +
-                      store::Lika(u"[Band ]", QString::fromUtf8(rutnätsband[i])));
-        const bool körd = markör.RecordCount() > 0;
+        if (markör)
+            markör->Filter(villkor + QStringLiteral(" AND ") +
+                           store::Lika(u"[Band ]", QString::fromUtf8(rutnätsband[i])));
+        const bool körd = markör && markör->RecordCount() > 0;
         rutnät.Cell(rad, static_cast<int>(i) + 1, körd ? QStringLiteral("X") : QString(), röd);
     }
-}
-
-/// No X for any band.
-void TömKryss(platform::FlexGrid& rutnät, int rad) {
-    for (size_t i = 0; i < rutnätsband.size(); ++i) rutnät.Cell(rad, static_cast<int>(i) + 1, QString(), röd);
 }
 
 /// Columns that stay out of dgLogg in every contest.
@@ -65,6 +63,7 @@ void BindLogg(platform::DataGrid& rutnät, const QString& utan) {
     const QStringList fält = logg.FieldNames();
     for (const QString& namn : fält) {
         if (utanförLogg.contains(namn, Qt::CaseInsensitive) || namn == utan) continue;
+        // A log from elsewhere may have columns of its own behind ours.
         const size_t plats = qMin(kolumner.size(), loggBredder.size() - 1);
         kolumner.push_back({namn, namn.trimmed(), Twips(loggBredder[plats])});
     }
@@ -80,7 +79,9 @@ void frTest::KopplaFrånRutnät() {
 
 void frTest::UppdateraTest() {
     RequeryFrågor();
-    const Databaser& d = db();
+    Databaser& d = db();
+    // The editor may have narrowed the log to a prefix or a country; the board counts all of it.
+    if (!d.rsTESTQSO.Filter().isEmpty()) d.rsTESTQSO.Filter(QString());
     lblQSO->setNum(static_cast<int>(d.rsTESTQSO.RecordCount()));
     lblDiplom->setNum(static_cast<int>(d.rsDiplom.RecordCount()));
     lblMultiplar->setNum(static_cast<int>(d.rsMultiplar.RecordCount()));
@@ -92,7 +93,7 @@ void frTest::UppdateraBand() {
     if (logg.RecordCount() > 0) logg.MoveFirst();
     int rad = 1;
     for (const Trafikrad& trafik : trafikrader)
-        SättKryss(*fgTestData1, rad++, logg,
+        SättKryss(*fgTestData1, rad++, &logg,
                   store::Lika(u"Trafiksätt", QString::fromUtf8(trafik.trafiksätt)));
 }
 
@@ -103,12 +104,10 @@ void frTest::Initiera_fgTestData1() {
     for (const Trafikrad& trafik : trafikrader) fgTestData1->Cell(rad++, 0, QString::fromUtf8(trafik.rubrik));
 }
 
-// Runs at every key press, so a cell is written only when it changes: the grid is not emptied first.
+// Runs at nearly every key press in the call: the grid is not emptied first, so that only cells that change
+// are drawn.
 void frTest::Initiera_fgTestData2() {
-    if (fgTestData2->Cell(0, 1).isEmpty()) {
-        fgTestData2->Clear(4, 10);
-        SkrivBandrubriker(*fgTestData2);
-    }
+    SkrivBandrubriker(*fgTestData2);
     const std::array<std::pair<QString, QString>, 3> rader = {
         {{lblDXCC->text(), store::DXCCNrFilter(txtDXCCNR->text())},
          {txtITUM->text(), store::Lika(u"ITU", txtITUM->text())},
@@ -117,10 +116,7 @@ void frTest::Initiera_fgTestData2() {
     int rad = 1;
     for (const auto& [rubrik, villkor] : rader) {
         fgTestData2->Cell(rad, 0, rubrik, röd);
-        if (harLand)
-            SättKryss(*fgTestData2, rad++, db().rsDXCCBand, villkor);
-        else
-            TömKryss(*fgTestData2, rad++);
+        SättKryss(*fgTestData2, rad++, harLand ? &db().rsDXCCBand : nullptr, villkor);
     }
 }
 

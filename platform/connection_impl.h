@@ -27,7 +27,10 @@ struct Connection::Impl {
 };
 
 struct Recordset::Impl {
-    ~Impl() { close(); }
+    ~Impl() {
+        listeners.clear(); // nobody is left to hear of it
+        close();
+    }
 
     /// The open cursor. @throws Failure if there is none
     Cursor& open() const;

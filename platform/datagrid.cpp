@@ -17,9 +17,7 @@ void RecordsetModel::Bind(Recordset* recordset, std::vector<GridColumn> columns)
     beginResetModel();
     recordset_ = recordset;
     columns_ = std::move(columns);
-    fields_.clear();
-    if (Live())
-        for (const GridColumn& column : columns_) fields_.push_back(recordset_->FieldIndex(column.field));
+    FindFields();
     rows_ = Live() ? recordset_->RecordCount() : 0;
     endResetModel();
 }
@@ -29,7 +27,14 @@ void RecordsetModel::Caption(int column, const QString& caption) {
     emit headerDataChanged(Qt::Horizontal, column, column);
 }
 
+void RecordsetModel::FindFields() {
+    fields_.clear();
+    if (!Live()) return;
+    for (const GridColumn& column : columns_) fields_.push_back(recordset_->FieldIndex(column.field));
+}
+
 void RecordsetModel::Refresh() {
+    FindFields(); // the recordset may have been closed and opened
     const qsizetype rows = Live() ? recordset_->RecordCount() : 0;
     const int before = static_cast<int>(rows_);
     const int after = static_cast<int>(rows);
@@ -58,6 +63,7 @@ QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole || !Live()) return {};
     // The recordset may be ahead of the views until the next refresh.
     if (index.row() >= recordset_->RecordCount()) return {};
+    if (static_cast<size_t>(index.column()) >= fields_.size()) return {};
     return recordset_->At(index.row(), fields_[static_cast<size_t>(index.column())]).text();
 }
 

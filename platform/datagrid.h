@@ -36,6 +36,7 @@ public:
 
 private:
     bool Live() const { return recordset_ && recordset_->IsOpen(); }
+    void FindFields();
 
     Recordset* recordset_ = nullptr;
     std::vector<GridColumn> columns_;

@@ -26,6 +26,7 @@ void Recordset::Impl::close() {
     cursor.reset();
     std::erase(connection->recordsets, this);
     connection = nullptr;
+    tell();
 }
 
 template <class Operation>

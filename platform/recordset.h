@@ -172,8 +172,8 @@ public:
     /// Makes the n-th visible row current. @pre 0 <= row < RecordCount()
     void AbsolutePosition(qsizetype row);
 
-    /// Called after every change of what is visible or current, but not for those that listeners make
-    /// themselves.
+    /// Called after every change of what is visible or current, opening and closing too, but not for those
+    /// that listeners make themselves.
     /// @param changed takes the place of what the listener had set; an empty function removes it
     /// @param listener tells several listeners of one recordset apart
     void OnChanged(std::function<void()> changed, const void* listener = nullptr);

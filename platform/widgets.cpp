@@ -119,6 +119,11 @@ void ComboBox::Clear() {
     changed_ = false;
 }
 
+void ComboBox::Choose(const QString& text) {
+    setCurrentIndex(findText(text));
+    Text(text);
+}
+
 void ComboBox::Locked(bool locked) {
     locked_ = locked;
     lineEdit()->setReadOnly(locked);

@@ -75,6 +75,8 @@ public:
     bool Locked() const { return locked_; }
     QString Text() const { return currentText(); }
     void Text(const QString& text) { setEditText(text); }
+    /// Shows the text, and makes the entry that reads like it the chosen one.
+    void Choose(const QString& text);
     /// A choice from the list, by the operator (the same entry too) or by code (a new one alone).
     void OnClick(std::function<void()> click);
 

@@ -59,7 +59,7 @@ frNätverkInst& frNätverkInst::instans() { return platform::SingleWindow<frNät
 void frNätverkInst::Visa() {
     if (!isVisible()) {
         Initiera_Combo();
-        cmbEnhet->Text(delat.NätverkEnhet);
+        cmbEnhet->Choose(delat.NätverkEnhet);
         txtSökväg->setText(delat.NätverkMapp);
     }
     show();
@@ -94,9 +94,8 @@ void frNätverkInst::Spara_Nätverk() {
 void frNätverkInst::LäsNätverksini() {
     try {
         platform::ItemReader läsare(platform::LoadTextFile(Inifil()));
-        QString enhet = läsare.Next();
+        delat.NätverkEnhet = läsare.Next();
         delat.NätverkMapp = läsare.Next();
-        delat.NätverkEnhet = std::move(enhet);
     } catch (const platform::Failure&) {
         delat.NätverkEnhet.clear();
         delat.NätverkMapp.clear();

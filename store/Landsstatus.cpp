@@ -29,17 +29,24 @@ public:
 
 /// Withdraws the status in one column unless a contact of the country still has it.
 /// @param land filter for the contacts with the country
-/// @param villkor filter for those of the mode or band
-void Pröva(const QString& land, const QString& villkor, const QString& kolumn, auto taBort) {
+/// @param fält where the log keeps what the column stands for
+/// @param kolumn a mode or band; a contact without one gave no status
+void Pröva(const QString& land, QStringView fält, const QString& kolumn, auto taBort) {
+    if (kolumn.isEmpty()) return;
     platform::Recordset& logg = db().rsTESTQSO;
     platform::Recordset& status = db().rsTESTDXCC;
-    const QString båda = land + QStringLiteral(" AND ") + villkor;
+    const QString båda = land + QStringLiteral(" AND ") + store::Lika(fält, kolumn);
     logg.Filter(båda);
     if (logg.RecordCount() == 0) return taBort();
     if (status.Field(kolumn).text() != u"C") return;
     // Confirmations are kept nowhere in the log, and nothing marks a country as confirmed.
     logg.Filter(båda + QStringLiteral(" AND [QSL M] <> 'N'"));
     if (logg.RecordCount() == 0) status.Field(kolumn, QStringLiteral("W"));
+}
+
+/// After a failure: half of a change must not go with the next one.
+void LåtBliStatus() {
+    if (db().rsTESTDXCC.IsOpen()) db().rsTESTDXCC.CancelUpdate();
 }
 
 } // namespace
@@ -54,11 +61,11 @@ void Uppdatera_DXCC(QString& DXCC, QString& Trafiksätt, QString& Band) {
         QString ingen;
         db().rsTESTQSO.Filter(land);
         if (db().rsTESTQSO.RecordCount() == 0) TaBortKördaDXCC(DXCC, ingen, ingen);
-        Pröva(land, store::Lika(u"Trafiksätt", Trafiksätt), Trafiksätt,
-              [&] { TaBortKördaDXCC(DXCC, Trafiksätt, ingen); });
-        Pröva(land, store::Lika(u"[Band ]", Band), Band, [&] { TaBortKördaDXCC(DXCC, ingen, Band); });
+        Pröva(land, u"Trafiksätt", Trafiksätt, [&] { TaBortKördaDXCC(DXCC, Trafiksätt, ingen); });
+        Pröva(land, u"[Band ]", Band, [&] { TaBortKördaDXCC(DXCC, ingen, Band); });
         status.Update();
     } catch (const platform::Failure&) {
+        LåtBliStatus();
         platform::MsgBox(QStringLiteral("Ett fel har inträffat vid uppdatering av körda DXCC."),
                          QStringLiteral("UppdateraKördaDXCC"));
     }
@@ -75,7 +82,7 @@ void TaBortKördaDXCC(QString& DXCC, QString& Trafiksätt, QString& Band) {
             for (const char16_t* kolumn : statuskolumner) status.Field(QString::fromUtf16(kolumn), QString());
         status.Update();
     } catch (const platform::Failure&) {
-        if (db().rsTESTDXCC.IsOpen()) db().rsTESTDXCC.CancelUpdate(); // half of it must not go with the next
+        LåtBliStatus();
         platform::MsgBox(QStringLiteral("Ett fel har inträffat vid radering av körda dxcc."),
                          QStringLiteral("TaBortKördaDXCC"));
     }

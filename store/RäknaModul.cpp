@@ -68,6 +68,7 @@ void KollaPoäng(int /*Test*/) {
     }
     db().rsMultiplar.Filter(QString());
     db().rsDiplom.Filter(QString());
+    frTest::instans().Initiera_dgMulti(); // the newest in view again
 }
 
 void RäknaPoäng(int Test) {

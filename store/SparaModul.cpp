@@ -118,7 +118,7 @@ void SparaTestQSO(int Test) {
 void RequeryFrågor() {
     Databaser& d = db();
     const bool statTest = contest::ÄrStatTest(delat.AktuelltTest);
-    platform::RequeryTogether({&d.rsDXCCBand, statTest ? &d.rsState : &d.rsSignal,
+    platform::RequeryTogether({&d.rsTESTQSO, &d.rsDXCCBand, statTest ? &d.rsState : &d.rsSignal,
                                statTest ? &d.rsProvince : &d.rsDXCC, &d.rsDiplom, &d.rsTidigare, &d.rsITU,
                                &d.rsZon, &d.rsMultiplar, &d.rsPoäng, &d.rsDistrikt, &d.rsRutor});
 }

@@ -17,39 +17,34 @@
 using platform::Named;
 using platform::Recordset;
 
-/// One field of a contact: its column, its label, and how it is written back.
+/// One field of a contact: its column, and whether it is written back as it stands.
 struct frEditorTest::Kolumnfält {
-    enum class Skriv { Aldrig, Alltid };
-
     const char* kolumn;
-    const char* rubrik;
     const char* namn;
     Fält* frEditorTest::*fält;
-    Skriv skriv = Skriv::Alltid;
+    bool skrivs = true;
 };
 
 const std::vector<frEditorTest::Kolumnfält>& frEditorTest::Kolumner() {
     using F = frEditorTest;
-    using Skriv = Kolumnfält::Skriv;
-    // In the order in which they are written; mode and band stand behind the frequency.
     static const std::vector<Kolumnfält> kolumner = {
-        {"Datum", "Datum", "txtDatum", &F::txtDatum},
-        {"Tid", "UTC", "txtUTCTid", &F::txtUTCTid},
-        {"Signal", "Signal", "txtSignal", &F::txtSignal},
-        {"Frekvens", "Frekvens", "txtFrekvens", &F::txtFrekvens},
-        {"Mottaget", "RST mott.", "txtRSTM", &F::txtRSTM},
-        {"Sänt", "RST sänt", "txtRSTS", &F::txtRSTS},
-        {"Namn", "Namn", "txtNamn", &F::txtNamn},
-        {"QTH", "QTH", "txtQTH", &F::txtQTH},
-        {"ITU", "ITU", "txtITU", &F::txtITU},
-        {"Zon", "Zon", "txtWAZ", &F::txtWAZ},
-        {"Multiplar", "Multiplar", "txtTest", &F::txtTest, Skriv::Aldrig},
-        {"DXCC", "DXCC", "txtDXCC", &F::txtDXCC},
-        {"DXCC Nr", "DXCC Nr", "txtDXCCNR", &F::txtDXCCNR},
-        {"Prefix", "Prefix", "txtPrefix", &F::txtPrefix},
-        {"Land", "Land", "txtLand", &F::txtLand},
-        {"Notering", "Notering", "txtNotering", &F::txtNotering},
-        {"Diplom", "Diplom", "txtDiplom", &F::txtDiplom, Skriv::Aldrig},
+        {"Datum", "txtDatum", &F::txtDatum},
+        {"Tid", "txtUTCTid", &F::txtUTCTid},
+        {"Signal", "txtSignal", &F::txtSignal},
+        {"Frekvens", "txtFrekvens", &F::txtFrekvens},
+        {"Mottaget", "txtRSTM", &F::txtRSTM},
+        {"Sänt", "txtRSTS", &F::txtRSTS},
+        {"Namn", "txtNamn", &F::txtNamn},
+        {"QTH", "txtQTH", &F::txtQTH},
+        {"ITU", "txtITU", &F::txtITU},
+        {"Zon", "txtWAZ", &F::txtWAZ},
+        {"Multiplar", "txtTest", &F::txtTest, false},
+        {"DXCC", "txtDXCC", &F::txtDXCC},
+        {"DXCC Nr", "txtDXCCNR", &F::txtDXCCNR},
+        {"Prefix", "txtPrefix", &F::txtPrefix},
+        {"Land", "txtLand", &F::txtLand},
+        {"Notering", "txtNotering", &F::txtNotering},
+        {"Diplom", "txtDiplom", &F::txtDiplom, false},
     };
     return kolumner;
 }
@@ -164,6 +159,7 @@ void frEditorTest::Bygg() {
     cmdStäng = knapp("Stäng", "cmdStäng");
     for (QPushButton* en : {cmdVisa, cmdSpara, cmdRadera, cmdRensa, cmdPrefix, cmdDXCC, cmdStäng})
         en->setAutoDefault(false);
+    lblTestlogg->setTextFormat(Qt::PlainText); // a call is no markup
 
     auto* plats = new QVBoxLayout(this);
     plats->addWidget(dgTestLogg, 1);
@@ -178,6 +174,7 @@ void frEditorTest::Koppla() {
         connect(knapp, &QPushButton::clicked, this, gör);
     };
     dgTestLogg->OnChoose([this] { Välj(); });
+    connect(txtNotering, &QLineEdit::textChanged, this, [this] { txtNotering->setPalette({}); });
     vid(cmdVisa, [this] { cmdVisa_Click(); });
     vid(cmdSpara, [this] {
         if (txtSignal->text().isEmpty()) return;
@@ -224,10 +221,8 @@ void frEditorTest::Formatera_dgLogg() {
 
 void frEditorTest::Visa() {
     if (!isVisible()) {
-        const QString notering = txtNotering->text();
         Ladda();
         Formatera_dgLogg();
-        txtNotering->setText(notering);
     }
     show();
     raise();
@@ -244,10 +239,9 @@ void frEditorTest::FöljLogg(bool öppnad) {
     if (!platform::SingleWindow<frEditorTest>::exists()) return;
     frEditorTest& editor = instans();
     if (!editor.isVisible()) return;
-    if (öppnad)
-        editor.Formatera_dgLogg();
-    else
-        editor.dgTestLogg->Unbind();
+    if (!öppnad) return editor.dgTestLogg->Unbind();
+    editor.Rensa(); // a contact of the log before has no place in this one
+    editor.Formatera_dgLogg();
 }
 
 void frEditorTest::done(int resultat) {
@@ -255,9 +249,7 @@ void frEditorTest::done(int resultat) {
     dgTestLogg->Unbind();
     // A contact that stays chosen behind a closed window would be written over by the next one on the entry
     // form.
-    const bool redigeras = delat.RedigeraQSO;
     Rensa();
-    if (redigeras) frTest::instans().RensaTest();
     if (HarLogg()) VisaHelaLoggen();
 }
 
@@ -278,8 +270,7 @@ void frEditorTest::Välj() {
 }
 
 void frEditorTest::cmdVisa_Click() {
-    if (txtSignal->text().isEmpty() || !HarLogg()) return;
-    txtSignal->setFocus();
+    if (!HarLogg()) return;
     const Recordset& logg = db().rsTESTQSO;
     if (!logg.IsBOF() && !logg.IsEOF()) delat.RedigeradBookmark = logg.GetBookmark();
     VisaTestQSOData();
@@ -289,8 +280,8 @@ void frEditorTest::cmdVisa_Click() {
 void frEditorTest::VisaTestQSOData() {
     try {
         for (const Kolumnfält& kolumn : Kolumner()) (this->*kolumn.fält)->setText(Kolumn(kolumn.kolumn));
-        cmbTrafiksätt->Text(Kolumn("Trafiksätt"));
-        cmbBand->Text(Kolumn("Band "));
+        cmbTrafiksätt->Choose(Kolumn("Trafiksätt"));
+        cmbBand->Choose(Kolumn("Band "));
         lblTestlogg->setText(QStringLiteral("Redigera: ") + Kolumn("Signal"));
     } catch (const platform::Failure&) {
         platform::MsgBox(QStringLiteral("Ett fel har inträffat vid visning av QSO"),
@@ -298,13 +289,13 @@ void frEditorTest::VisaTestQSOData() {
     }
 }
 
-void frEditorTest::SkrivRad() {
+void frEditorTest::SättKolumner() {
     Recordset& logg = db().rsTESTQSO;
     const auto skriv = [&logg](const char* kolumn, const QString& text) {
         logg.Field(QString::fromUtf8(kolumn), text);
     };
     for (const Kolumnfält& kolumn : Kolumner()) {
-        if (kolumn.skriv == Kolumnfält::Skriv::Aldrig) continue;
+        if (!kolumn.skrivs) continue;
         const QString text = (this->*kolumn.fält)->text();
         skriv(kolumn.kolumn, kolumn.fält == &frEditorTest::txtSignal ? text.toUpper() : text);
     }
@@ -315,11 +306,24 @@ void frEditorTest::SkrivRad() {
     for (const char* kolumn : {"Multiplar", "Diplom"}) skriv(kolumn, txtTest->text());
 }
 
+void frEditorTest::SkrivRad() {
+    Recordset& logg = db().rsTESTQSO;
+    try {
+        SättKolumner();
+        logg.Update();
+    } catch (const platform::Failure&) {
+        // The fields still hold the correction; a later save must not bring it unasked.
+        logg.CancelUpdate();
+        throw;
+    }
+}
+
 void frEditorTest::SparaQSO() {
     if (!delat.RedigeraQSO || !HarLogg()) return;
     try {
         Recordset& logg = db().rsTESTQSO;
         frTest& f = frTest::instans();
+        logg.Update(); // a new contact that could not be written yet is not to go with a failure here
         logg.SetBookmark(delat.RedigeradBookmark);
         QString dxcc = Kolumn("DXCC");
         QString trafiksätt = Kolumn("Trafiksätt");
@@ -327,7 +331,6 @@ void frEditorTest::SparaQSO() {
         const bool statusÄndras =
             txtDXCC->text() != dxcc || cmbTrafiksätt->Text() != trafiksätt || cmbBand->Text() != band;
         SkrivRad();
-        logg.Update();
         // What the board counts is the log as it is now.
         f.UppdateraTest();
         f.UppdateraBand();
@@ -379,7 +382,12 @@ void frEditorTest::Rensa() {
     for (Fält* fält : {txtRSTS, txtRSTM}) fält->setText(QStringLiteral("59"));
     lblTestlogg->setText(rubrikUtanKontakt);
     delat.RedigeraQSO = false;
-    if (HarLogg()) RäknaPoäng(delat.AktuelltTest);
+    if (!HarLogg()) return;
+    // The count leaves its sum in lblQSOPoäng, where the points of a contact on the entry form may stand.
+    QLabel& poäng = *frTest::instans().lblQSOPoäng;
+    const QString påFormuläret = poäng.text();
+    RäknaPoäng(delat.AktuelltTest);
+    poäng.setText(påFormuläret);
 }
 
 void frEditorTest::VisaSignalPrefix() {

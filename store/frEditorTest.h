@@ -64,6 +64,8 @@ private:
     void Ladda();
     void Välj();
     void cmdVisa_Click();
+    void SättKolumner();
+    /// The fields over the current row, all of them or none. @throws platform::Failure
     void SkrivRad();
     static void VisaHelaLoggen();
 };

@@ -22,10 +22,10 @@ protected:
 
 TEST_F(KlockProv, AnOpenedLogShowsItsClocksAndTheyStand) {
     frTest& f = StartaLogg(1);
-    Ändra(Logg(), "UPDATE INFO SET AktivTid='01:02:03', ViloTid='00:10:00'");
-    filval.push_back(Logg());
-    f.txtAktiv->setText("01:02:03"); // the close before the open writes what stands there
-    f.txtVila->setText("00:10:00");
+    ASSERT_TRUE(QFile::copy(Fil("SVK"), Logg("annan.svk")));
+    Ändra(Logg("annan.svk"), "UPDATE INFO SET Aktuellt_Test=1, AktivTid='01:02:03', ViloTid='00:10:00'");
+    Kör("sm5abc", "jo89wj"); // the clocks of the log before run
+    filval.push_back(Logg("annan.svk"));
     f.mnuArkiv_ÖppnaTestlogg_Click();
     EXPECT_EQ(Klockor(), "01:02:03|00:10:00");
     Sekunder(5);
@@ -51,6 +51,8 @@ TEST_F(KlockProv, ASaveStartsActivityRestComesByTheButtonAndTheNextSaveEndsIt) {
     EXPECT_EQ(Klockor(), "00:01:01|00:00:00");
     f.cmdVila->click();
     EXPECT_FALSE(delat.TidGår);
+    EXPECT_EQ(f.TimerAktiv->Interval(), 0);
+    EXPECT_EQ(f.TimerVila->Interval(), 1000);
     Sekunder(10);
     EXPECT_EQ(Klockor(), "00:01:01|00:00:10");
     f.cmdVila->click();
@@ -87,6 +89,39 @@ TEST_F(KlockProv, ResettingStopsAndZeroesTheClocksButNotTheRateCounters) {
     EXPECT_EQ(delat.Räknare10min, 100);
     EXPECT_EQ(delat.Räknare1tim, 100);
     EXPECT_TRUE(delat.TidGår);
+}
+
+TEST_F(KlockProv, ResettingEndsARestAndTheNextSaveGoesOnWithTheRate) {
+    frTest& f = StartaLogg(1);
+    Kör("sm5abc", "jo89wj");
+    Sekunder(50);
+    f.cmdVila->click();
+    Sekunder(10);
+    EXPECT_EQ(Klockor(), "00:00:50|00:00:10");
+    f.Meny("mnuRedigera_NollställTimer")->trigger();
+    EXPECT_EQ(Klockor(), "00:00:00|00:00:00");
+    Sekunder(5);
+    EXPECT_EQ(Klockor(), "00:00:00|00:00:00");
+    Kör("sm6abc", "jo67bq");
+    Sekunder(539);
+    EXPECT_EQ(f.txtInfo->toPlainText(), "");
+    Sekunder(1);
+    EXPECT_EQ(Klockor(), "00:09:00|00:00:00");
+    EXPECT_EQ(f.txtInfo->toPlainText(), "Antal QSO under 10 min. 2 st.\n");
+}
+
+TEST_F(KlockProv, ASaveDoesNotTakeTheSecondItComesInFromTheClock) {
+    frTest& f = StartaLogg(1);
+    Kör("sm5abc", "jo89wj");
+    int sekunder = 0;
+    const QMetaObject::Connection räknare =
+        QObject::connect(f.txtAktiv, &QLineEdit::textChanged, [&sekunder] { ++sekunder; });
+    for (int i = 0; i < 4; ++i) { // saves closer to each other than a second
+        QTest::qWait(400);
+        Kör(QString("sm5ab%1").arg(QChar('d' + i)), "jo89wj");
+    }
+    QObject::disconnect(räknare);
+    EXPECT_GE(sekunder, 1);
 }
 
 TEST_F(KlockProv, AClockThatCannotBeReadSaysSoAndStays) {
@@ -133,6 +168,33 @@ TEST_F(KlockProv, TheRateGoesOnThroughARest) {
     EXPECT_EQ(f.txtInfo->toPlainText(), "Antal QSO under 10 min. 1 st.\n");
 }
 
+TEST_F(KlockProv, TheRateIsToldBehindEverythingElseOnceWhatWaitsIsDone) {
+    frTest& f = StartaLogg(1);
+    Kör("sm5abc", "jo89wj");
+    f.txtInfo->setPlainText("först\n");
+    f.txtInfo->moveCursor(QTextCursor::Start);
+    Sekunder(599);
+    QTimer::singleShot(0, &f, [&f] { f.txtInfo->appendPlainText("sedan\n"); });
+    Sekunder(1);
+    EXPECT_EQ(f.txtInfo->toPlainText(), "först\n\nsedan\nAntal QSO under 10 min. 1 st.\n");
+}
+
+TEST_F(KlockProv, TheRateCountsFromTheOpeningOfTheLogAndAllOfIt) {
+    frTest& f = StartaLogg(1);
+    for (int i = 0; i < 3; ++i) Loggad(QString("SM5AB%1").arg(i), "2 M");
+    filval.push_back(Logg());
+    f.mnuArkiv_ÖppnaTestlogg_Click();
+    Kör("la1aa", "jo59aa");
+    db().rsTESTQSO.Filter("DXCC = 'SM'"); // as the editor narrows it
+    Sekunder(600);
+    EXPECT_EQ(f.txtInfo->toPlainText(), "Antal QSO under 10 min. 1 st.\n");
+    NyLogg(1, "ny.svk");
+    Kör("sm5abc", "jo89wj");
+    Sekunder(600);
+    EXPECT_EQ(f.txtInfo->toPlainText(),
+              "Antal QSO under 10 min. 1 st.\nAntal QSO under 10 min. 1 st.\n");
+}
+
 // ---- the clock fields ---------------------------------------------------------------------------------
 
 TEST_F(KlockProv, TheClockFieldsAndTheDateFollowTheTimeOfDay) {
@@ -164,16 +226,19 @@ TEST_F(KlockProv, AnEditedDateIsNotOverwritten) {
     delat.RedigeraQSO = true;
     f.txtDatum->setText("2026-01-01");
     f.txtUTCTid->setText("10:11:12");
+    f.txtLokalTid->setText("11:11:12");
+    const auto fält = [&f] { return f.txtDatum->text() + f.txtUTCTid->text() + f.txtLokalTid->text(); };
     f.TestTimer_Tick();
-    EXPECT_EQ(f.txtDatum->text(), "2026-01-01");
-    EXPECT_EQ(f.txtUTCTid->text(), "10:11:12");
+    EXPECT_EQ(fält(), "2026-01-0110:11:1211:11:12");
     f.RensaTest();
     f.TestTimer_Tick();
-    EXPECT_EQ(f.txtDatum->text(), "2026-12-01");
+    const QString nutid = fält();
+    EXPECT_EQ(nutid, "2026-12-0118:00:0019:00:00");
     delat.KlockaPå = false;
+    nu = nu.addSecs(1000);
     f.txtDatum->setText("2026-01-01");
     f.TestTimer_Tick();
-    EXPECT_EQ(f.txtDatum->text(), "2026-01-01");
+    EXPECT_EQ(fält(), "2026-01-0118:00:0019:00:00");
 }
 
 TEST_F(KlockProv, AModalWindowHoldsTheTimersUpAndOneTickComesWhenItHasGone) {

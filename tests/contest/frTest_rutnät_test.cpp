@@ -71,6 +71,7 @@ TEST_F(RutnätProv, ANewLogShowsTheHeadingsAlone) {
     EXPECT_EQ(Kryss(f.fgTestData1), QStringList());
     EXPECT_GE(f.fgTestData1->columnWidth(0), platform::Twips(580));
     for (int i = 1; i < 10; ++i) EXPECT_GE(f.fgTestData1->columnWidth(i), platform::Twips(400));
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(f.fgTestData2->columnWidth(i), f.fgTestData1->columnWidth(i));
 }
 
 TEST_F(RutnätProv, EachPairOfModeAndBandHasItsCell) {
@@ -134,7 +135,7 @@ TEST_F(RutnätProv, CountryAndZonesAreMarkedEachOnItsOwnBands) {
     Körd("20 M", "1", "18", "98");     // the ITU zone alone
     Körd("70 CM", "1", "99", "14");    // the CQ zone alone
     Körd("160 M", "266", "18", "14");  // all three
-    Körd("30 M", "266", "18", "14");   // a band without a column
+    for (const char* bandet : {"30 M", "17 M", "12 M"}) Körd(bandet, "266", "18", "14"); // no column
     Körd("40 M", "2660", "180", "40"); // numbers that only begin alike
     f.txtSignal->setText("LA1AA");
     EXPECT_EQ(Kryss(f.fgTestData2), (QStringList{"LA 160", "LA 2", "18 160", "18 20", "14 160", "14 70"}));
@@ -162,7 +163,8 @@ TEST_F(RutnätProv, ACallWithoutACountryHasNoMarks) {
     frTest& f = StartaLogg(1);
     Körd("2 M", "", "", "");
     f.txtSignal->setText("QQ1AA");
-    EXPECT_EQ(f.lblLand->text(), "");
+    for (const QLabel* etikett : {f.lblLand, f.lblKont, f.lblDXCC, f.lblRiktning, f.lblAvstånd})
+        EXPECT_EQ(etikett->text(), "") << etikett->objectName().toStdString();
     for (int rad = 1; rad < 4; ++rad) EXPECT_EQ(Rad(f.fgTestData2, rad).join(""), "");
     f.Initiera_fgTestData2();
     EXPECT_EQ(Kryss(f.fgTestData2), QStringList()) << "no number, no question";
@@ -255,6 +257,69 @@ TEST_F(RutnätProv, TheMultipliersComeFromTheCursorOfTheContest) {
         EXPECT_EQ(Rad(f.dgMulti, 1), QStringList{början + "B"});
         EXPECT_EQ(f.dgMulti->currentIndex().row(), 1) << "moved to its last row";
     }
+}
+
+TEST_F(RutnätProv, TheNewestMultiplierStaysInViewThroughTheEvening) {
+    StartaLogg(0, "först.svk");
+    frTest& f = frTest::instans();
+    for (const auto& [test, lokator] : {std::pair{1, true}, std::pair{9, false}}) {
+        SCOPED_TRACE(test);
+        NyLogg(test, QString("test%1.svk").arg(test));
+        EXPECT_EQ(f.dgMulti->Source(), test == 9 ? &db().rsMultiplar : &db().rsDiplom);
+        EXPECT_TRUE(f.dgMulti->Bound());
+        const auto kontakt = [&](const char* signal, const char* utväxling) {
+            SkrivI(f.txtSignal, signal);
+            SkrivI(lokator ? f.txtDiplom : f.txtLöpnrM, utväxling);
+            Tryck(Qt::Key_Return);
+        };
+        kontakt("dl1aa", lokator ? "jo62qm" : "001");
+        kontakt("f1aa", lokator ? "jn18aa" : "001");
+        kontakt("on1aa", lokator ? "jo20aa" : "001");
+        f.dgMulti->Refresh();
+        EXPECT_EQ(f.dgMulti->model()->rowCount(), 3);
+        EXPECT_EQ(f.dgMulti->currentIndex().row(), 2);
+        SkrivI(f.txtSignal, "g1aa");
+        f.txtDiplom->setFocus(); // the points of the call are looked up
+        f.dgMulti->Refresh();
+        EXPECT_EQ(f.dgMulti->currentIndex().row(), 2);
+    }
+}
+
+TEST_F(RutnätProv, TheScoreHasItsCaptionsAndTheyAreReadAloud) {
+    frTest& f = StartaLogg(1);
+    QStringList texter;
+    for (const QLabel* etikett : f.findChildren<QLabel*>()) texter << etikett->text();
+    for (const char* rubrik : {"Antal QSO", "QSO Poäng", "Tot.QSO Poäng", "Total Poäng"})
+        EXPECT_EQ(texter.count(rubrik), 1) << rubrik;
+    for (const int test : {1, 7, 9}) {
+        NyLogg(test, QString("test%1.svk").arg(test));
+        EXPECT_EQ(f.lblMultiplar->accessibleName(), f.lblMultipelText->text());
+        EXPECT_EQ(f.lblDiplom->accessibleName(), f.lblDiplomText->text());
+    }
+}
+
+TEST_F(RutnätProv, ColumnsOfOtherContestsInTheFileStayOutOfTheLog) {
+    frTest& f = StartaLogg(1);
+    f.mnuArkiv_StängTestlogg_Click();
+    for (const char* kolumn : {"NDIST", "Province", "State"})
+        Ändra(Logg(), QString("ALTER TABLE TESTQSO ADD COLUMN %1 TEXT").arg(kolumn));
+    filval.push_back(Logg());
+    f.mnuArkiv_ÖppnaTestlogg_Click();
+    EXPECT_EQ(Rubriker(f.dgLogg).size(), 15);
+    EXPECT_EQ(Rubriker(f.dgLogg).last(), "Rutor");
+}
+
+TEST_F(RutnätProv, WhatAnotherStationHasSavedComesWithTheNextSave) {
+    frTest& f = StartaLogg(1);
+    Kör("sm5abc", "jo89wj");
+    Ändra(Logg(), "INSERT INTO TESTQSO (Datum, Tid, Signal, Trafiksätt, \"Band \", Multiplar, Diplom, Poäng) "
+                  "VALUES ('2026-12-01', '18:30:00', 'LA1AA', 'SSB', '70 CM', 'JO59AA', 'JO59', 200)");
+    EXPECT_EQ(f.lblQSO->text(), "1");
+    Kör("sm6abc", "jo67bq");
+    EXPECT_EQ(f.lblQSO->text(), "3");
+    EXPECT_EQ(Kryss(f.fgTestData1), (QStringList{"CW 2", "SSB 70"}));
+    f.dgLogg->Refresh();
+    EXPECT_EQ(f.dgLogg->model()->rowCount(), 3);
 }
 
 TEST_F(RutnätProv, TheWorkedCountriesAreListedOnceEach) {

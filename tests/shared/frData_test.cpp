@@ -43,7 +43,8 @@ TEST_F(DataProv, CallAndLocatorCanBeSoughtAndTheSearchCleared) {
     EXPECT_EQ(f.txtS->text(), "SM5ABC") << "no blanks, upper case";
     QTest::mouseClick(f.cmdSökS, Qt::LeftButton);
     EXPECT_EQ(Signaler(f), QStringList{"SM5ABC"});
-    SkrivI(f.txtL, "jo67bq");
+    SkrivI(f.txtL, "jo67 bq");
+    EXPECT_EQ(f.txtL->text(), "JO67BQ");
     Tryck(Qt::Key_Return);
     EXPECT_EQ(Signaler(f), (QStringList{"SM6ABC", "SM7ABC"}));
     QTest::mouseClick(f.cmdRensa, Qt::LeftButton);
@@ -62,6 +63,41 @@ TEST_F(DataProv, FirstAndLastMoveTheCursor) {
     f.cmdS->click();
     f.cmdF->click();
     EXPECT_EQ(db().rsLokator.AbsolutePosition(), -1) << "nothing to move to";
+    f.cmdRensa->click();
+    frTest::instans().Meny("mnuRedigera_TömLokator")->trigger();
+    ASSERT_EQ(db().rsLokator.RecordCount(), 0);
+    f.cmdS->click();
+    f.cmdF->click();
+    EXPECT_TRUE(db().rsLokator.IsBOF() && db().rsLokator.IsEOF());
+}
+
+TEST_F(DataProv, TheListFollowsAnUpdateAndAnEmptyingOfTheTable) {
+    frData& f = Öppna();
+    f.show();
+    frTest::instans().Meny("mnuRedigera_TömLokator")->trigger();
+    QTest::qWait(0);
+    EXPECT_EQ(f.dgLokator->model()->rowCount(), 0);
+    QFile ini(Fil("INI/l.ini"));
+    ASSERT_TRUE(ini.open(QFile::WriteOnly));
+    ini.write("OZ1AA=JO65AA\r\n");
+    ini.close();
+    filval.push_back(ini.fileName());
+    frTest::instans().Meny("mnuRedigera_Uppdatera_Lokator")->trigger();
+    meddelanden.clear();
+    QTest::qWait(0);
+    EXPECT_EQ(Signaler(f), QStringList{"OZ1AA"});
+}
+
+TEST_F(DataProv, AWindowOpenedWithoutATableShowsItAsSoonAsThereIsOne) {
+    Öppna().close();
+    frTest::instans().mnuArkiv_StängTestlogg_Click();
+    frTest::instans().Meny("mnufönster_Lokator")->trigger();
+    const frData& f = frData::instans();
+    EXPECT_EQ(Signaler(f), QStringList());
+    filval.push_back(Logg());
+    frTest::instans().mnuArkiv_ÖppnaTestlogg_Click();
+    QTest::qWait(0);
+    EXPECT_EQ(Signaler(f), (QStringList{"SM5ABC", "SM6ABC", "LA1AA", "SM7ABC"}));
 }
 
 TEST_F(DataProv, TheSearchStaysInForceWhenTheWindowIsClosed) {
@@ -84,6 +120,8 @@ TEST_F(DataProv, ATextThatNoFilterCanHoldIsToldAndTheListStays) {
 TEST_F(DataProv, AfterTheCloseMenuTheWindowShowsNothingAndDoesNoHarm) {
     frData& f = Öppna();
     frTest::instans().mnuArkiv_StängTestlogg_Click();
+    QTest::qWait(0);
+    EXPECT_EQ(f.dgLokator->model()->rowCount(), 0) << "without being told by hand";
     for (QPushButton* knapp : {f.cmdF, f.cmdS, f.cmdRensa, f.cmdSökS, f.cmdSökL}) knapp->click();
     EXPECT_EQ(Signaler(f), QStringList());
 }

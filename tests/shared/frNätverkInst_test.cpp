@@ -22,8 +22,7 @@ TEST_F(NätProv, TheListHoldsTheDrivesFromJToZ) {
     const frNätverkInst& f = Öppna();
     EXPECT_EQ(f.windowTitle(), "Nätverk Inställning");
     ASSERT_EQ(f.cmbEnhet->count(), 17);
-    EXPECT_EQ(f.cmbEnhet->itemText(0), "J:");
-    EXPECT_EQ(f.cmbEnhet->itemText(16), "Z:");
+    for (int i = 0; i < 17; ++i) EXPECT_EQ(f.cmbEnhet->itemText(i), QString(QChar('J' + i)) + ':');
     EXPECT_EQ(f.cmbEnhet->Text(), "") << "a new run";
     EXPECT_EQ(f.txtSökväg->text(), "");
 }
@@ -41,8 +40,9 @@ TEST_F(NätProv, SavingKeepsBothForTheRunAndNothingIsConnectedOrWritten) {
     frTest::instans().Meny("mnuInställning_Nätverk_Inställning")->trigger();
     EXPECT_EQ(f.cmbEnhet->Text(), "M:");
     EXPECT_EQ(f.txtSökväg->text(), "/mnt/loggar");
-    StartaOm();
-    EXPECT_EQ(delat.NätverkEnhet + delat.NätverkMapp, "") << "after a restart";
+    StartaOm().Meny("mnuInställning_Nätverk_Inställning")->trigger();
+    const frNätverkInst& ny = frNätverkInst::instans();
+    EXPECT_EQ(ny.cmbEnhet->Text() + ny.txtSökväg->text(), "") << "after a restart";
 }
 
 TEST_F(NätProv, NoDriveChosenKeepsAnEmptyTextAndCloseKeepsNothing) {
@@ -69,6 +69,15 @@ TEST_F(NätProv, TheFolderIsSoughtAmongLogsAndACancelLeavesIt) {
     filval.push_back(std::nullopt);
     f.cmdSök->click();
     EXPECT_EQ(f.txtSökväg->text(), "/mnt/loggar/nac.svk");
+}
+
+TEST_F(NätProv, ADialogThatFailsIsTold) {
+    const frNätverkInst& f = Öppna();
+    platform::Dialogs().file = [](const platform::FileQuestion&) -> std::optional<QString> {
+        throw platform::Failure("dialogen");
+    };
+    f.cmdSök->click();
+    EXPECT_EQ(Tag(), (Meddelande{"Ett fel har inträffat vid sökning av Nätverksenhet!", "SökvägNätverk"}));
 }
 
 TEST_F(NätProv, TheFileThatNobodyAsksForHoldsTwoQuotedLines) {
@@ -108,6 +117,6 @@ TEST_F(NätProv, TheServerMenusDoNothingAndTheNetworkTimerStands) {
     Ändra(Logg(),
           "INSERT INTO TESTQSO (Datum, Tid, Signal, Poäng) VALUES ('2026-12-01', '18:00', 'SM1AA', 1)");
     EXPECT_EQ(db().rsTESTQSO.RecordCount(), 0);
-    f.UppdateraViaNät();
+    f.Nettimer->Tick();
     EXPECT_EQ(db().rsTESTQSO.RecordCount(), 1);
 }

@@ -78,6 +78,7 @@ TEST_P(MinnesProv, WhatStoodBeforeTheFaultIsKeptAndTheFaultIsTold) {
     Uppdatera("SM5ABC=JO89WJ\r\nSM5O'BRIEN=JO89\r\nSM6ABC=JO67BQ\r\n");
     EXPECT_EQ(TagAlla(), (Två{Obs(), Fel()}));
     EXPECT_EQ(Rader(), (std::vector<std::vector<QString>>{{"SM5ABC", "JO89WJ"}}));
+    for (const platform::Recordset* markör : {&db().rsLokator, &db().rsFriend}) EXPECT_EQ(markör->Filter(), "");
     Uppdatera("SM6ABC=JO67BQ\r\n");
     EXPECT_EQ(TagAlla(), (Två{Obs(), Klar()}));
     EXPECT_EQ(Rader().size(), 2U);
@@ -126,7 +127,10 @@ TEST_P(MinnesProv, EmptyingLeavesAnEmptyMemoryThatGoesOnRemembering) {
     frTest& f = StartaLogg(1);
     Uppdatera("SM5ABC=JO89WJ\r\nSM6ABC=JO67BQ\r\n");
     TagAlla();
-    db().rsLokator.Filter("Signal = 'X'"); // the list window may have left one
+    const bool lokator = QLatin1String("Lokator") == GetParam().namn;
+    platform::Recordset& markör = lokator ? db().rsLokator : db().rsFriend;
+    EXPECT_EQ(markör.Filter(), "");
+    markör.Filter("Signal = 'X'"); // the list window may have left one
     f.Meny(GetParam().menyTöm)->trigger();
     EXPECT_TRUE(meddelanden.empty());
     EXPECT_TRUE(Rader().empty());

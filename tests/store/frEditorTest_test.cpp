@@ -37,6 +37,28 @@ protected:
     static void Märk(QString dxcc, QString trafiksätt, QString band) {
         LäggTillKördaDXCC(dxcc, trafiksätt, band);
     }
+    /// A contact on the entry form, beside the editor.
+    static void Kontakt(const QString& signal, const QString& lokator) {
+        frTest& f = frTest::instans();
+        ASSERT_TRUE(Aktivera(f));
+        SkrivI(f.txtSignal, signal);
+        SkrivI(f.txtDiplom, lokator);
+        f.cmdSpara->click();
+    }
+    /// The whole row of a country, as it is written.
+    QStringList Statusrad(const char* dxcc) const {
+        const auto rader = Läs(Logg(), QString("SELECT * FROM TESTDXCC WHERE DXCC='%1'").arg(dxcc));
+        return {rader.at(0).begin(), rader.at(0).end()};
+    }
+    /// The fields of the worked grid that have a cross.
+    static QStringList Kryss() {
+        const platform::FlexGrid& rutnät = *frTest::instans().fgTestData1;
+        QStringList kryss;
+        for (int rad = 1; rad < rutnät.rowCount(); ++rad)
+            for (int i = 1; i < rutnät.columnCount(); ++i)
+                if (!rutnät.Cell(rad, i).isEmpty()) kryss += rutnät.Cell(rad, 0) + ' ' + rutnät.Cell(0, i);
+        return kryss;
+    }
     static QStringList Signaler(frEditorTest& e) {
         e.dgTestLogg->Refresh();
         QStringList rader;
@@ -91,6 +113,10 @@ TEST_F(EditorProv, ABandOutsideTheListIsShownAllTheSame) {
     db().rsTESTQSO.Requery();
     Välj(e, 1);
     EXPECT_EQ(e.cmbBand->Text(), "24 CM");
+    Ändra(Logg(), "UPDATE TESTQSO SET Trafiksätt='SSTV' WHERE Signal='LA1AA'");
+    db().rsTESTQSO.Requery();
+    Välj(e, 1);
+    EXPECT_EQ(e.cmbTrafiksätt->Text(), "SSTV");
 }
 
 TEST_F(EditorProv, ACorrectionIsWrittenAndNotScoredAnew) {
@@ -113,6 +139,165 @@ TEST_F(EditorProv, ACorrectionIsWrittenAndNotScoredAnew) {
     EXPECT_EQ(f.lblTotalPoäng->text(), total) << "as many squares, the points as they were";
     EXPECT_EQ(db().rsTESTQSO.Filter(), "");
     EXPECT_TRUE(meddelanden.empty());
+}
+
+TEST_F(EditorProv, EveryFieldIsWrittenBackIntoItsColumnAndNothingElse) {
+    frEditorTest& e = Öppna();
+    const QString andra = "Poäng, Distrikt, Rutor, NDXCC, NRUTA, Dubblett, LöpNrSR, \"LöpNr\"";
+    Ändra(Logg(), "UPDATE TESTQSO SET Distrikt='D', NDXCC='N', NRUTA='R', Dubblett='X', LöpNrSR='7', "
+                  "\"LöpNr\"='8' WHERE Signal='LA1AA'");
+    db().rsTESTQSO.Requery();
+    const QString innan = Rader(andra)[1];
+    Välj(e, 1);
+    const std::tuple<QLineEdit*, const char*, const char*> fält[] = {
+        {e.txtDatum, "Datum", "2026-12-02"}, {e.txtUTCTid, "Tid", "20:21:22"},
+        {e.txtSignal, "Signal", "OZ1ZZ"},    {e.txtFrekvens, "Frekvens", "144,025,50"},
+        {e.txtRSTM, "Mottaget", "559"},      {e.txtRSTS, "Sänt", "569"},
+        {e.txtNamn, "Namn", "Åke"},          {e.txtQTH, "QTH", "Ærø"},
+        {e.txtITU, "ITU", "81"},             {e.txtWAZ, "Zon", "41"},
+        {e.txtDXCC, "DXCC", "OZ"},           {e.txtDXCCNR, "\"DXCC Nr\"", "221"},
+        {e.txtPrefix, "Prefix", "OZ1"},      {e.txtLand, "Land", "Danmark"},
+        {e.txtNotering, "Notering", "QSY"}};
+    for (const auto& [ruta, kolumn, text] : fält) ruta->setText(text);
+    e.txtTest->clear();
+    e.txtDiplom->setText("JO45");
+    e.cmbTrafiksätt->Text("SSB");
+    e.cmbBand->Text("70 CM");
+    e.cmdSpara->click();
+    for (const auto& [ruta, kolumn, text] : fält)
+        EXPECT_EQ(LäsEtt(Logg(), QString("SELECT %1 FROM TESTQSO WHERE rowid=2").arg(kolumn)), text);
+    EXPECT_EQ(Rader("Trafiksätt, \"Band \"")[1], "SSB|70 CM");
+    EXPECT_EQ(Rader("Multiplar, Diplom")[1], "JO59AA|JO59") << "the field of the square is for reading";
+    EXPECT_EQ(Rader(andra)[1], innan);
+}
+
+TEST_F(EditorProv, AnEmptyCallIsNotSaved) {
+    frEditorTest& e = Öppna();
+    Välj(e, 1);
+    e.txtSignal->clear();
+    e.txtNamn->setText("Ola");
+    e.cmdSpara->click();
+    EXPECT_EQ(Rader("Signal, Namn")[1], "LA1AA|");
+    EXPECT_TRUE(delat.RedigeraQSO);
+}
+
+TEST_F(EditorProv, ASaveAndADeletionEmptyTheEntryFormToo) {
+    frEditorTest& e = Öppna();
+    const frTest& f = frTest::instans();
+    for (QPushButton* knapp : {e.cmdSpara, e.cmdRadera}) {
+        Välj(e, 1);
+        f.txtSignal->setText("OZ1AA");
+        jaNej = {true};
+        knapp->click();
+        EXPECT_EQ(f.txtSignal->text(), "") << knapp->text().toStdString();
+    }
+}
+
+TEST_F(EditorProv, TheBoardFollowsACorrectionAndADeletion) {
+    frEditorTest& e = Öppna();
+    const frTest& f = frTest::instans();
+    EXPECT_EQ(Kryss(), QStringList{"CW 2"});
+    Välj(e, 1);
+    e.cmbTrafiksätt->Text("SSB");
+    e.cmbBand->Text("70 CM");
+    e.txtTest->setText("JO89AA");
+    e.cmdSpara->click();
+    EXPECT_EQ(Kryss(), (QStringList{"CW 2", "SSB 70"}));
+    EXPECT_EQ(f.lblDiplom->text(), "4") << "the token of the square is the whole locator now";
+    f.dgDXCC->Refresh();
+    EXPECT_EQ(f.dgDXCC->model()->rowCount(), 3);
+    Välj(e, 1);
+    jaNej = {true};
+    e.cmdRadera->click();
+    EXPECT_EQ(Kryss(), QStringList{"CW 2"});
+    for (platform::DataGrid* rutnät : {f.dgDXCC, f.dgMulti}) rutnät->Refresh();
+    EXPECT_EQ(f.dgDXCC->model()->rowCount(), 2) << "no contact with Norway is left";
+    EXPECT_EQ(f.dgMulti->model()->rowCount(), 3);
+    EXPECT_EQ(f.lblQSO->text(), "3");
+}
+
+TEST_F(EditorProv, TheBoardCountsTheWholeLogWhateverTheEditorShows) {
+    frEditorTest& e = Öppna();
+    const frTest& f = frTest::instans();
+    const auto smalna = [&e] {
+        e.txtDXCC->setText("SM");
+        e.cmdDXCC->click();
+        EXPECT_LT(Signaler(e).size(), 4);
+    };
+    smalna();
+    Kontakt("oz1aa", "jo65aa");
+    EXPECT_EQ(f.lblQSO->text(), "5");
+    ASSERT_TRUE(Aktivera(e));
+    smalna();
+    Välj(e, 1);
+    e.txtNamn->setText("Bo");
+    e.cmdSpara->click();
+    EXPECT_EQ(Rader("Signal, Namn")[2], "SM6ABC|Bo");
+    EXPECT_EQ(f.lblQSO->text(), "5");
+    smalna();
+    Välj(e, 0);
+    jaNej = {true};
+    e.cmdRadera->click();
+    EXPECT_EQ(f.lblQSO->text(), "4");
+}
+
+TEST_F(EditorProv, AContactOnTheFormKeepsItsPointsWhenTheEditorLetsGo) {
+    frEditorTest& e = Öppna();
+    frTest& f = frTest::instans();
+    ASSERT_TRUE(Aktivera(f));
+    SkrivVarnad("la1aa", "jo59aa", 2);
+    ASSERT_TRUE(delat.DubblettFlagga);
+    const QString total = f.lblTotalPoäng->text();
+    e.cmdRensa->click();
+    e.close();
+    EXPECT_EQ(f.txtSignal->text(), "LA1AA") << "what was typed stands";
+    ASSERT_TRUE(Aktivera(f));
+    f.cmdSpara->click();
+    EXPECT_EQ(Rader("Signal, Poäng").last(), "LA1AA|0") << "a duplicate is worth nothing";
+    EXPECT_EQ(f.lblTotalPoäng->text(), total);
+}
+
+TEST_F(EditorProv, CancelCountsTheScoreAndShowsTheWholeLog) {
+    frEditorTest& e = Öppna();
+    const frTest& f = frTest::instans();
+    const QString total = f.lblTotalPoäng->text();
+    Välj(e, 2);
+    db().rsTESTDXCC.Filter("DXCC = 'SM'");
+    f.lblTotalPoäng->setText("?");
+    e.cmdRensa->click();
+    EXPECT_EQ(f.lblTotalPoäng->text(), total);
+    EXPECT_EQ(db().rsTESTDXCC.Filter(), "");
+    EXPECT_EQ(e.cmbTrafiksätt->Text() + e.cmbBand->Text(), "");
+}
+
+TEST_F(EditorProv, ACorrectionThatFailsIsNotWrittenByALaterSave) {
+    frEditorTest& e = Öppna();
+    Välj(e, 1);
+    Ändra(Logg(), "CREATE TRIGGER fel BEFORE UPDATE ON TESTQSO BEGIN SELECT raise(ABORT, 'fullt'); END");
+    e.txtNamn->setText("Ola");
+    e.cmdSpara->click();
+    EXPECT_EQ(Tag(), (Meddelande{"Ett fel har inträffat vid sparande/uppdatering av QSO.", "SparaQSO"}));
+    EXPECT_TRUE(delat.RedigeraQSO) << "it can be tried again";
+    EXPECT_EQ(e.txtNamn->text(), "Ola");
+    Ändra(Logg(), "DROP TRIGGER fel");
+    e.cmdRensa->click();
+    Kontakt("oz1aa", "jo65aa");
+    EXPECT_EQ(Rader("Signal, Namn"), (QStringList{"SM5ABC|", "LA1AA|", "SM6ABC|", "DL1AA|", "OZ1AA|"}));
+}
+
+TEST_F(EditorProv, ARowIsChosenByKeysAndItsListsStandOnItsEntries) {
+    frEditorTest& e = Öppna();
+    e.dgTestLogg->setFocus();
+    e.dgTestLogg->Refresh();
+    Tryck(Qt::Key_Up); // from the newest, at the end
+    Tryck(Qt::Key_Up);
+    EXPECT_EQ(e.txtSignal->text(), "LA1AA");
+    EXPECT_TRUE(delat.RedigeraQSO);
+    EXPECT_EQ(e.cmbBand->currentIndex(), 10);
+    e.cmbBand->setFocus();
+    Tryck(Qt::Key_Down);
+    EXPECT_EQ(e.cmbBand->Text(), "70 CM") << "the one below 2 M";
+    EXPECT_EQ(e.cmbTrafiksätt->currentIndex(), 0);
 }
 
 TEST_F(EditorProv, AnEmptyMultiplierLeavesBothColumnsAndAnEmptyFieldEmptiesItsOwn) {
@@ -215,10 +400,9 @@ TEST_F(EditorProv, ShowTakesTheCurrentRow) {
     frEditorTest& e = Öppna();
     db().rsTESTQSO.AbsolutePosition(1);
     e.cmdVisa->click();
-    EXPECT_EQ(e.lblTestlogg->text(), "Logg Data") << "nothing without a call in the field";
-    e.txtSignal->setText("X");
-    e.cmdVisa->click();
     EXPECT_EQ(e.txtSignal->text(), "LA1AA");
+    EXPECT_EQ(e.lblTestlogg->text(), "Redigera: LA1AA");
+    EXPECT_FALSE(delat.RedigeraQSO) << "shown, not chosen";
     EXPECT_EQ(delat.RedigeradBookmark, db().rsTESTQSO.GetBookmark());
     EXPECT_EQ(QApplication::focusWidget(), e.txtSignal);
 }
@@ -226,8 +410,7 @@ TEST_F(EditorProv, ShowTakesTheCurrentRow) {
 TEST_F(EditorProv, AnEmptyLogHasNothingToShow) {
     StartaKlar(1);
     frTest::instans().Meny("mnufönster_Editor")->trigger();
-    frEditorTest& e = frEditorTest::instans();
-    e.txtSignal->setText("X");
+    const frEditorTest& e = frEditorTest::instans();
     e.cmdVisa->click();
     EXPECT_EQ(Tag(), (Meddelande{"Ett fel har inträffat vid visning av QSO", "VisaTestQSOData"}));
 }
@@ -269,10 +452,23 @@ TEST_F(EditorProv, TheNoteIsThatOfTheEntryFormUntilTheWindowCloses) {
     EXPECT_EQ(e.txtNotering->text(), "");
 }
 
+TEST_F(EditorProv, ADuplicatesNoteIsRedUntilAnotherTakesItsPlace) {
+    frEditorTest& e = Öppna();
+    const auto färg = [&e] { return e.txtNotering->palette().color(QPalette::Text); };
+    e.Notera("DUBBLETT");
+    EXPECT_EQ(färg(), QColor(255, 0, 0));
+    e.txtNotering->setText("QRP");
+    EXPECT_NE(färg(), QColor(255, 0, 0));
+}
+
 TEST_F(EditorProv, AnotherLogIsFollowedAndAClosedOneShowsNothing) {
     frEditorTest& e = Öppna();
+    Välj(e, 1);
+    e.txtNotering->setText("QRP");
     NyLogg(1, "ny.svk");
     EXPECT_EQ(Signaler(e), QStringList());
+    EXPECT_EQ(e.lblTestlogg->text(), "Logg Data");
+    EXPECT_EQ(e.txtSignal->text() + e.txtNotering->text(), "") << "nothing of the log before";
     frTest::instans().mnuArkiv_StängTestlogg_Click();
     for (QPushButton* knapp : {e.cmdVisa, e.cmdSpara, e.cmdRadera, e.cmdRensa, e.cmdPrefix, e.cmdDXCC})
         knapp->click();
@@ -296,6 +492,48 @@ TEST_F(EditorProv, AChangedBandWithdrawsItsColumnAlone) {
     EXPECT_EQ(Signaler(e).size(), 4);
 }
 
+TEST_F(EditorProv, ADeletedContactTakesTheBandAloneWhenOthersHaveTheMode) {
+    frEditorTest& e = Öppna();
+    Kontakt("la2bb", "jo59ab");
+    Ändra(Logg(), "UPDATE TESTQSO SET \"Band \"='6 M' WHERE Signal='LA2BB'");
+    db().rsTESTQSO.Requery();
+    Märk("LA", "CW", "2 M");
+    Märk("LA", "CW", "6 M");
+    ASSERT_TRUE(Aktivera(e));
+    Välj(e, 1);
+    jaNej = {true};
+    e.cmdRadera->click();
+    EXPECT_EQ(Status("LA", "2 M") + '|' + Status("LA", "6 M") + '|' + Status("LA", "CW"), "|W|W");
+}
+
+TEST_F(EditorProv, AChangedModeTakesTheModeAloneAndAChangedCountryIsLookedAtToo) {
+    frEditorTest& e = Öppna();
+    Kontakt("la2bb", "jo59ab");
+    Märk("LA", "CW", "2 M");
+    Märk("LA", "SSB", "2 M");
+    Märk("SM", "CW", "2 M");
+    Märk("DL", "CW", "2 M");
+    Ändra(Logg(), "UPDATE TESTQSO SET Trafiksätt='SSB' WHERE Signal='LA2BB'");
+    db().rsTESTQSO.Requery();
+    ASSERT_TRUE(Aktivera(e));
+    Välj(e, 4);
+    EXPECT_EQ(e.txtSignal->text(), "LA2BB");
+    e.cmbTrafiksätt->Text("CW");
+    e.cmdSpara->click();
+    EXPECT_EQ(Status("LA", "2 M") + '|' + Status("LA", "CW") + '|' + Status("LA", "SSB"), "W|W|");
+    Välj(e, 3);
+    EXPECT_EQ(e.txtSignal->text(), "DL1AA");
+    e.txtDXCC->setText("SM");
+    e.txtDXCCNR->setText("284");
+    e.cmdSpara->click();
+    EXPECT_EQ(Status("DL", "2 M") + Status("DL", "CW"), "") << "its last contact has gone elsewhere";
+    Välj(e, 0);
+    Ändra(Logg(), "UPDATE TESTDXCC SET CW='C' WHERE DXCC='SM'"); // a look at it would fail and be told
+    e.txtNamn->setText("Bo");
+    e.cmdSpara->click();
+    EXPECT_TRUE(meddelanden.empty()) << "a name concerns no status";
+}
+
 TEST_F(EditorProv, ADeletionWithOthersOnTheSameBandWithdrawsNothing) {
     frEditorTest& e = Öppna();
     Märk("SM", "CW", "2 M");
@@ -307,14 +545,19 @@ TEST_F(EditorProv, ADeletionWithOthersOnTheSameBandWithdrawsNothing) {
 
 TEST_F(EditorProv, TheLastContactOfACountryTakesEverythingConfirmedTooWithIt) {
     frEditorTest& e = Öppna();
-    Ändra(Logg(),
-          "UPDATE TESTDXCC SET \"2 M\"='C', CW='W', \"40 M\"='C', PSK31='W', PSK='W' WHERE DXCC='LA'");
+    const char* const kolumner[] = {"RTTY", "PSK",  "SSTV", "CW",   "SSB",  "AM",   "FM",  "160 M", "80 M", "40 M",
+                                    "30 M", "20 M", "17 M", "15 M", "12 M", "10 M", "6 M", "2 M",   "70 CM"};
+    for (const char* kolumn : kolumner)
+        Ändra(Logg(), QString("UPDATE TESTDXCC SET \"%1\"='%2', PSK31='W' WHERE DXCC='LA'")
+                          .arg(kolumn, *kolumn == '4' ? "C" : "W"));
     db().rsTESTDXCC.Requery();
+    const QStringList andra = Statusrad("SM");
     Välj(e, 1);
     jaNej = {true};
     e.cmdRadera->click();
-    EXPECT_EQ(Status("LA", "2 M") + Status("LA", "CW") + Status("LA", "40 M") + Status("LA", "PSK"), "");
+    for (const char* kolumn : kolumner) EXPECT_EQ(Status("LA", kolumn), "") << kolumn;
     EXPECT_EQ(Status("LA", "PSK31"), "W") << "the one column that is not named";
+    EXPECT_EQ(Statusrad("SM"), andra);
     EXPECT_TRUE(meddelanden.empty());
 }
 
@@ -343,6 +586,69 @@ TEST_F(EditorProv, AConfirmedColumnAsksForAColumnThatTheLogLacks) {
     EXPECT_EQ(Status("SM", "CW"), "C");
 }
 
+TEST_F(EditorProv, AConfirmationIsWithdrawnWhereNoConfirmedContactIsLeft) {
+    // Columns that this program never writes; the rule stands for logs that have them.
+    frTest& f = StartaKlar(1);
+    Ändra(Logg(), "ALTER TABLE TESTQSO ADD COLUMN \"QSL M\" TEXT");
+    filval.push_back(Logg());
+    f.mnuArkiv_ÖppnaTestlogg_Click();
+    for (const auto& [qsl, status] : {std::pair("N", "W"), std::pair("Y", "C")}) {
+        Ändra(Logg(), "DELETE FROM TESTQSO");
+        Loggad("SM5ABC", "2 M");
+        Ändra(Logg(), QString("UPDATE TESTQSO SET \"QSL M\"='%1', DXCC='SM', \"DXCC Nr\"='284'").arg(qsl));
+        Ändra(Logg(), "UPDATE TESTDXCC SET CW='C', \"2 M\"='C' WHERE DXCC='SM'");
+        db().rsTESTQSO.Requery();
+        db().rsTESTDXCC.Requery();
+        QString dxcc = "SM";
+        QString trafiksätt = "CW";
+        QString band = "2 M";
+        Uppdatera_DXCC(dxcc, trafiksätt, band);
+        EXPECT_EQ(Status("SM", "CW") + Status("SM", "2 M"), QString(status) + status);
+    }
+}
+
+TEST_F(EditorProv, AContactWithoutAModeOrBandGaveNoStatusToWithdraw) {
+    Öppna();
+    Märk("LA", "CW", "2 M");
+    QString dxcc = "LA";
+    QString trafiksätt;
+    QString band;
+    Uppdatera_DXCC(dxcc, trafiksätt, band);
+    EXPECT_EQ(Status("LA", "CW") + Status("LA", "2 M"), "WW");
+}
+
+TEST_F(EditorProv, AModeOrBandThatHasNoColumnIsTold) {
+    Öppna();
+    const Meddelande ingen{"Ett fel har inträffat vid radering av körda dxcc.", "TaBortKördaDXCC"};
+    const Meddelande fel{"Ett fel har inträffat vid uppdatering av körda DXCC.", "UppdateraKördaDXCC"};
+    Märk("LA", "CW", "2 M");
+    QString dxcc = "LA";
+    QString trafiksätt = "FT8";
+    QString band = "24 CM";
+    Uppdatera_DXCC(dxcc, trafiksätt, band);
+    EXPECT_EQ(std::exchange(meddelanden, {}), (std::vector{ingen, ingen})) << "no such contact is left";
+    Ändra(Logg(), "UPDATE TESTQSO SET Trafiksätt='FT8' WHERE Signal='LA1AA'");
+    db().rsTESTQSO.Requery();
+    Uppdatera_DXCC(dxcc, trafiksätt, band);
+    EXPECT_EQ(Tag(), fel) << "one is left";
+    EXPECT_EQ(Status("LA", "CW") + Status("LA", "2 M"), "WW");
+}
+
+TEST_F(EditorProv, TheRemovalKnowsThePhaseModesAndACountryWithoutARowItself) {
+    Öppna();
+    QString ingen;
+    for (const char* läge : {"BPSK", "PSK63"}) {
+        Märk("LA", "PSK31", "20 M");
+        QString dxcc = "LA";
+        QString trafiksätt = läge;
+        TaBortKördaDXCC(dxcc, trafiksätt, ingen);
+        EXPECT_EQ(Status("LA", "PSK31") + Status("LA", "20 M"), "W") << läge;
+    }
+    QString okänt = "??";
+    TaBortKördaDXCC(okänt, ingen, ingen);
+    EXPECT_EQ(Tag(), (Meddelande{"Ett fel har inträffat vid radering av körda dxcc.", "TaBortKördaDXCC"}));
+}
+
 TEST_F(EditorProv, ThePhaseModesCountAsPSK31) {
     Öppna();
     for (const char* läge : {"BPSK", "PSK63", "PSK31"}) {
@@ -369,10 +675,19 @@ TEST_F(EditorProv, AModeWithoutAColumnIsToldAndNothingIsHalfDone) {
 
 TEST_F(EditorProv, TheClusterIsPolledAgainAfterTheUpdate) {
     Öppna();
-    frDXCluster::instans().TimerDXCluster->Interval(0);
-    QString dxcc = "LA";
-    QString trafiksätt = "CW";
-    QString band = "2 M";
-    Uppdatera_DXCC(dxcc, trafiksätt, band);
-    EXPECT_EQ(frDXCluster::instans().TimerDXCluster->Interval(), 500);
+    const platform::Timer& polling = *frDXCluster::instans().TimerDXCluster;
+    for (const char* land : {"LA", "??"}) { // with a row and without
+        frDXCluster::instans().TimerDXCluster->Interval(500);
+        std::vector<int> meddan;
+        db().rsTESTDXCC.OnChanged([&] { meddan.push_back(polling.Interval()); }, &meddan);
+        QString dxcc = land;
+        QString trafiksätt = "CW";
+        QString band = "6 M";
+        Uppdatera_DXCC(dxcc, trafiksätt, band);
+        db().rsTESTDXCC.OnChanged({}, &meddan);
+        EXPECT_FALSE(meddan.empty());
+        for (const int intervall : meddan) EXPECT_EQ(intervall, 0) << land;
+        EXPECT_EQ(polling.Interval(), 500) << land;
+    }
+    Tag();
 }
