@@ -3,6 +3,7 @@
 //   KeyPress/N          one character typed at the end of a call in txtSignal: country search, new country,
 //                       earlier contacts, worked bands, labels, and the paint of what changed
 //   SaveChain/N         Enter on a filled form, files in memory: everything but the disk's commit
+//   WorkedBands/N       the part of a save that marks 45 pairs of mode and band, after a contact has changed
 //   WholeSave/K         the same on the disk at 1,000 contacts, each beside a bare SQLite insert and commit
 //   of the
 //                       same row into a copy of the log; K is the kind of contact. The counters tell.
@@ -195,6 +196,22 @@ void SaveChain(benchmark::State& läge) {
     }
 }
 BENCHMARK(SaveChain)->Arg(100)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+void WorkedBands(benchmark::State& läge) {
+    const Program program(1, static_cast<unsigned>(läge.range(0)), iMinne);
+    platform::Recordset& logg = db().rsTESTQSO;
+    for (auto _ : läge) {
+        läge.PauseTiming();
+        logg.Filter(QString());
+        logg.MoveLast();
+        const bool cw = logg.Field(QStringLiteral("Trafiksätt")).text() == u"CW";
+        logg.Field(QStringLiteral("Trafiksätt"), cw ? QStringLiteral("SSB") : QStringLiteral("CW"));
+        logg.Update();
+        läge.ResumeTiming();
+        Program::Fönster().UppdateraBand();
+    }
+}
+BENCHMARK(WorkedBands)->Arg(100)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
 enum Slag { NacKänd, NacNy, Månadstest };
 
