@@ -191,8 +191,7 @@ TEST_F(KlockProv, TheRateCountsFromTheOpeningOfTheLogAndAllOfIt) {
     NyLogg(1, "ny.svk");
     Kör("sm5abc", "jo89wj");
     Sekunder(600);
-    EXPECT_EQ(f.txtInfo->toPlainText(),
-              "Antal QSO under 10 min. 1 st.\nAntal QSO under 10 min. 1 st.\n");
+    EXPECT_EQ(f.txtInfo->toPlainText(), "Antal QSO under 10 min. 1 st.\nAntal QSO under 10 min. 1 st.\n");
 }
 
 // ---- the clock fields ---------------------------------------------------------------------------------

@@ -318,8 +318,7 @@ TEST_F(LoggfilProv, TheStoredLongestContactIsPutIntoItsLabelForContestsNoughtToS
                       .arg(nummer));
         f.lblLängstaQSO->setText("förut");
         Öppna(fil);
-        EXPECT_EQ(f.lblLängstaQSO->text(),
-                  nummer <= 6 ? QStringLiteral("Längsta QSO : %1").arg(nummer) : "");
+        EXPECT_EQ(f.lblLängstaQSO->text(), nummer <= 6 ? QStringLiteral("Längsta QSO : %1").arg(nummer) : "");
     }
 }
 

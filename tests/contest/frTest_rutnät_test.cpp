@@ -131,10 +131,10 @@ TEST_F(RutnätProv, ACallNamesItsCountryAndZonesInRed) {
 
 TEST_F(RutnätProv, CountryAndZonesAreMarkedEachOnItsOwnBands) {
     frTest& f = StartaLogg(1);
-    Körd("2 M", "266", "99", "98");    // the country alone
-    Körd("20 M", "1", "18", "98");     // the ITU zone alone
-    Körd("70 CM", "1", "99", "14");    // the CQ zone alone
-    Körd("160 M", "266", "18", "14");  // all three
+    Körd("2 M", "266", "99", "98");                                                      // the country alone
+    Körd("20 M", "1", "18", "98");                                                       // the ITU zone alone
+    Körd("70 CM", "1", "99", "14");                                                      // the CQ zone alone
+    Körd("160 M", "266", "18", "14");                                                    // all three
     for (const char* bandet : {"30 M", "17 M", "12 M"}) Körd(bandet, "266", "18", "14"); // no column
     Körd("40 M", "2660", "180", "40"); // numbers that only begin alike
     f.txtSignal->setText("LA1AA");

@@ -1,4 +1,4 @@
-"""Four evenings, as they are typed, with the rows and totals that must come of them.
+"""Evenings as they are typed, with the rows and totals that must come of them.
 
 The distances come from the locators by tests/store/geodesi_referens.py, seen from JO65MR; everything else was
 worked out by hand from the rules of each contest.
@@ -29,6 +29,7 @@ class Step:
     row: dict = None      # the row that the step must add to the log
     notes: str = None     # the note that all later rows of the run get
     picture: str = None   # a picture is taken after it
+    change: tuple = None  # row counted from one, and what becomes of it: columns, or None when it is deleted
 
 
 @dataclass
@@ -38,6 +39,7 @@ class Scenario:
     steps: list
     info: tuple           # Aktuellt_Test, LöpNr, QSOLängd, LängstaQSOSträng
     labels: dict = field(default_factory=dict)
+    clocks: bool = False  # both clocks have run, stand in the file, and are shown from there
 
 
 def country(key, prefix):
@@ -200,4 +202,51 @@ def vus():
         "lblTotalPoäng": str(points + 1500), "txtLöpnrS": "006", "cmbBand": "24 CM"})
 
 
-ALL = {scenario.name: scenario for scenario in (nac2m(), manad(), sac(), vus())}
+# ---- a NAC evening with corrections --------------------------------------------------------------------
+
+def kvall():
+    """Six contacts, three corrected in the editor and one deleted there, a rest, one more contact, and the log
+    closed and opened again."""
+    def choose(ups):
+        """A row of the editor's grid, counted up from the newest. The caret is in the call's field."""
+        return ("key", "shift+Tab ctrl+End" + " Up" * ups)
+    save = ("key", "shift+Tab " * 7 + "space")  # around the end of the tab order, from the call's field
+    to_call = ("key", "shift+Tab " * 8)         # and back to it from the field of the locator
+    steps = [
+        nac("SM5ABC", "JO89WJ", 500, "SM", "SM5", True, True),
+        nac("SM7XYZ", "JO65", 26, "SM", "SM7", False, True),
+        nac("OZ1AA", "JO55UM", 87, "OZ", None, True, True),
+        nac("DL1CC", "JO54", 189, "DL", None, True, True),
+        nac("LA2EE", "JO59", 437, "LA", None, True, True),
+        nac("PA3HH", "JO22", 636, "PA", None, True, True),
+        Step([("key", "alt+f Down Down Return"), ("window", "Logg Data (Editor)"), ("key", "Tab")]),
+        # A call heard wrong.
+        Step([choose(1)], picture="vald"),
+        Step([("key", "Tab"), ("type", "la2ef"), save, ("file", "Signal='LA2EF'")],
+             change=(5, {"Signal": "LA2EF"})),
+        # The wrong band: the list stands on the entry of the row, one further down is right. Whatever is
+        # corrected, the whole locator becomes the token of the square.
+        Step([choose(3), ("key", "Tab " * 6 + "Down"), ("key", "shift+Tab " * 5), save,
+              ("file", "Signal='OZ1AA' AND \"Band \"='70 CM'")], change=(3, {"Band ": "70 CM", "Diplom": "JO55UM"})),
+        # A wrong locator: points and square stay as they were saved.
+        Step([choose(4), ("key", "Tab " * 8), ("type", "JO66AA"), to_call, ("key", "Tab"), save,
+              ("file", "Signal='SM7XYZ' AND Multiplar='JO66AA'")],
+             change=(2, {"Multiplar": "JO66AA", "Diplom": "JO66AA"})),
+        Step([choose(2), ("key", "shift+Tab " * 5 + "space"), ("window", "Radera"), ("key", "alt+j"),
+              ("window", "Logg Data (Editor)"), ("gone", "Signal='DL1CC'")], change=(4, None)),
+        Step([("key", "Escape"), ("window", "TestSignal:")], notes=""),
+        Step([("rest", None)]),
+        nac("G4UU", "IO92", 984, "G", None, True, True),
+        Step([("key", "alt+a Down Down Down Return"), ("closed", None), ("key", "alt+a Down Down Return"),
+              ("window", "Öppna Logg"), ("type", "kvall.svk"), ("key", "Return"), ("window", "TestSignal:")]),
+    ]
+    points = 500 + 26 + 87 + 437 + 636 + 984
+    squares = 6
+    return Scenario("kvall", 1, steps, (1, 1, 984, "Längsta QSO : G4UU  IO92  984 Km"), {
+        "lblQSO": "6", "lblQSOPoäng": "0", "lblTotalQSOPoäng": str(points), "lblMultiplar": str(500 * squares),
+        "lblDiplom": str(squares), "lblTotalPoäng": str(points + 500 * squares),
+        "lblLängstaQSO": "Längsta QSO : G4UU  IO92  984 Km", "frmLogg": "TestLogg Fil [kvall.svk]",
+        "dgLogg": "6 rows", "dgMulti": "6 rows", "dgDXCC": "5 rows"}, clocks=True)
+
+
+ALL = {scenario.name: scenario for scenario in (nac2m(), kvall(), manad(), sac(), vus())}

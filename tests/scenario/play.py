@@ -11,6 +11,7 @@ import argparse
 import datetime
 import re
 import sys
+import time
 from pathlib import Path
 
 import contests
@@ -26,12 +27,15 @@ def play(scenario, program):
     """Types the contest and gives the log's path."""
     log = program.new_log(scenario.contest, scenario.name + ".svk")
     saved = 0
+    hands = Hands(program, log)
     for step in scenario.steps:
         for action, argument in step.actions:
-            getattr(Hands, action)(program, argument)
+            getattr(hands, action)(argument)
         if step.row:
             saved += 1
             wait_for(f"contact {saved} ({step.row['Signal']})", lambda: contacts(log) == saved)
+        if step.change and step.change[1] is None:
+            saved -= 1
         if step.picture:
             program.picture(f"{scenario.name}_{step.picture}")
     program.picture(scenario.name)
@@ -39,39 +43,68 @@ def play(scenario, program):
 
 
 class Hands:
-    """What an operator does, one name for each."""
+    """What an operator does, one name for each, and what he waits for."""
 
-    @staticmethod
-    def type(program, text):
-        program.type(text)
+    def __init__(self, program, log):
+        self.program, self.log = program, log
 
-    @staticmethod
-    def key(program, keys):
-        program.key(*keys.split())
+    def type(self, text):
+        self.program.type(text)
 
-    @staticmethod
-    def accept_warning(program, _):
-        program.window("VARNING !")
-        program.picture("frVarning")
-        program.key("Return")
-        program.window("TestSignal:")
+    def key(self, keys):
+        self.program.key(*keys.split())
 
-    @staticmethod
-    def close_warning(program, _):
-        program.window("VARNING !")
-        program.picture("frVarning_ej_giltig")
-        program.key("alt+F4")
-        program.window("TestSignal:")
+    def window(self, title):
+        self.program.window(title)
+
+    def accept_warning(self, _):
+        self.program.window("VARNING !")
+        self.program.picture("frVarning")
+        self.program.key("Return")
+        self.program.window("TestSignal:")
+
+    def close_warning(self, _):
+        self.program.window("VARNING !")
+        self.program.picture("frVarning_ej_giltig")
+        self.program.key("alt+F4")
+        self.program.window("TestSignal:")
+
+    def file(self, condition):
+        """Waits for one row of the log to be so."""
+        wait_for(condition, lambda: self.matching(condition) == 1)
+
+    def gone(self, condition):
+        wait_for("no " + condition, lambda: self.matching(condition) == 0)
+
+    def matching(self, condition):
+        return rows(self.log, "SELECT count(*) FROM TESTQSO WHERE " + condition)[0][0]
+
+    def rest(self, _):
+        """The clocks count real seconds, so the rest is a real one."""
+        time.sleep(1.2)
+        self.program.key("alt+i", *["Down"] * 5, "Return")
+        time.sleep(2.5)
+
+    def closed(self, _):
+        """Closing the log writes the clocks into it."""
+        wait_for("the clocks", lambda: clocks(self.log) != ("00:00:00", "00:00:00"))
+
+
+def clocks(log):
+    return rows(log, "SELECT AktivTid, ViloTid FROM INFO")[0]
 
 
 def expected_rows(scenario, note):
     """The rows that the steps must have made, and the note that stands at the end."""
     expected = []
     for step in scenario.steps:
-        note = step.notes or note
+        note = note if step.notes is None else step.notes
         if step.row:
             expected.append({**contests.EMPTY_ROW, "Notering": note, **step.row})
-    return expected, note
+        if step.change and step.change[1] is not None:
+            expected[step.change[0] - 1].update(step.change[1])
+    deleted = [step.change[0] - 1 for step in scenario.steps if step.change and step.change[1] is None]
+    return [row for number, row in enumerate(expected) if number not in deleted], note
 
 
 def compare_rows(scenario, log, expected):
@@ -90,13 +123,18 @@ def compare_rows(scenario, log, expected):
     info = rows(log, "SELECT Aktuellt_Test, LöpNr, QSOLängd, LängstaQSOSträng FROM INFO")[0]
     if info != scenario.info:
         wrong.append(f"INFO is {info}, expected {scenario.info}")
+    if scenario.clocks and not all("00:00:01" <= clock < "00:05:00" for clock in clocks(log)):
+        wrong.append(f"the clocks are {clocks(log)}")
     return wrong
 
 
-def compare_labels(scenario, program):
+def compare_labels(scenario, program, log):
     controls = program.controls()
+    labels = dict(scenario.labels)
+    if scenario.clocks:
+        labels.update(zip(("txtAktiv", "txtVila"), clocks(log)))
     return [f"{name} shows {controls['frTest', name][3]!r}, expected {text!r}"
-            for name, text in scenario.labels.items() if controls["frTest", name][3] != text]
+            for name, text in labels.items() if controls["frTest", name][3] != text]
 
 
 def report(scenario, log, out):
@@ -130,7 +168,7 @@ def main():
             expected, note = expected_rows(scenario, note)
             differences = compare_rows(scenario, log, expected)
             if arguments.probe:
-                differences += compare_labels(scenario, program)
+                differences += compare_labels(scenario, program, log)
             wrong += [f"{scenario.name}: {difference}" for difference in differences]
             print(f"{scenario.name}: {contacts(log)} contacts, {len(differences)} differences")
         status = program.exit()

@@ -78,7 +78,8 @@ TEST_P(MinnesProv, WhatStoodBeforeTheFaultIsKeptAndTheFaultIsTold) {
     Uppdatera("SM5ABC=JO89WJ\r\nSM5O'BRIEN=JO89\r\nSM6ABC=JO67BQ\r\n");
     EXPECT_EQ(TagAlla(), (Två{Obs(), Fel()}));
     EXPECT_EQ(Rader(), (std::vector<std::vector<QString>>{{"SM5ABC", "JO89WJ"}}));
-    for (const platform::Recordset* markör : {&db().rsLokator, &db().rsFriend}) EXPECT_EQ(markör->Filter(), "");
+    for (const platform::Recordset* markör : {&db().rsLokator, &db().rsFriend})
+        EXPECT_EQ(markör->Filter(), "");
     Uppdatera("SM6ABC=JO67BQ\r\n");
     EXPECT_EQ(TagAlla(), (Två{Obs(), Klar()}));
     EXPECT_EQ(Rader().size(), 2U);

@@ -150,13 +150,20 @@ TEST_F(EditorProv, EveryFieldIsWrittenBackIntoItsColumnAndNothingElse) {
     const QString innan = Rader(andra)[1];
     Välj(e, 1);
     const std::tuple<QLineEdit*, const char*, const char*> fält[] = {
-        {e.txtDatum, "Datum", "2026-12-02"}, {e.txtUTCTid, "Tid", "20:21:22"},
-        {e.txtSignal, "Signal", "OZ1ZZ"},    {e.txtFrekvens, "Frekvens", "144,025,50"},
-        {e.txtRSTM, "Mottaget", "559"},      {e.txtRSTS, "Sänt", "569"},
-        {e.txtNamn, "Namn", "Åke"},          {e.txtQTH, "QTH", "Ærø"},
-        {e.txtITU, "ITU", "81"},             {e.txtWAZ, "Zon", "41"},
-        {e.txtDXCC, "DXCC", "OZ"},           {e.txtDXCCNR, "\"DXCC Nr\"", "221"},
-        {e.txtPrefix, "Prefix", "OZ1"},      {e.txtLand, "Land", "Danmark"},
+        {e.txtDatum, "Datum", "2026-12-02"},
+        {e.txtUTCTid, "Tid", "20:21:22"},
+        {e.txtSignal, "Signal", "OZ1ZZ"},
+        {e.txtFrekvens, "Frekvens", "144,025,50"},
+        {e.txtRSTM, "Mottaget", "559"},
+        {e.txtRSTS, "Sänt", "569"},
+        {e.txtNamn, "Namn", "Åke"},
+        {e.txtQTH, "QTH", "Ærø"},
+        {e.txtITU, "ITU", "81"},
+        {e.txtWAZ, "Zon", "41"},
+        {e.txtDXCC, "DXCC", "OZ"},
+        {e.txtDXCCNR, "\"DXCC Nr\"", "221"},
+        {e.txtPrefix, "Prefix", "OZ1"},
+        {e.txtLand, "Land", "Danmark"},
         {e.txtNotering, "Notering", "QSY"}};
     for (const auto& [ruta, kolumn, text] : fält) ruta->setText(text);
     e.txtTest->clear();
@@ -545,8 +552,9 @@ TEST_F(EditorProv, ADeletionWithOthersOnTheSameBandWithdrawsNothing) {
 
 TEST_F(EditorProv, TheLastContactOfACountryTakesEverythingConfirmedTooWithIt) {
     frEditorTest& e = Öppna();
-    const char* const kolumner[] = {"RTTY", "PSK",  "SSTV", "CW",   "SSB",  "AM",   "FM",  "160 M", "80 M", "40 M",
-                                    "30 M", "20 M", "17 M", "15 M", "12 M", "10 M", "6 M", "2 M",   "70 CM"};
+    const char* const kolumner[] = {"RTTY",  "PSK",  "SSTV", "CW",   "SSB",  "AM",   "FM",
+                                    "160 M", "80 M", "40 M", "30 M", "20 M", "17 M", "15 M",
+                                    "12 M",  "10 M", "6 M",  "2 M",  "70 CM"};
     for (const char* kolumn : kolumner)
         Ändra(Logg(), QString("UPDATE TESTDXCC SET \"%1\"='%2', PSK31='W' WHERE DXCC='LA'")
                           .arg(kolumn, *kolumn == '4' ? "C" : "W"));

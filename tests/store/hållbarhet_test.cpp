@@ -7,6 +7,9 @@
 #include <QFileInfo>
 
 #include <random>
+#include <thread>
+
+#include <sqlite3.h>
 
 class Hållbarhet : public Sparprov {
 protected:
@@ -126,11 +129,11 @@ TEST_F(Dödad, AProgramKilledAtAnyMomentLosesNoContactWhoseFormHadCleared) {
 class TvåStationer : public Hållbarhet, public ::testing::WithParamInterface<int> {};
 INSTANTIATE_TEST_SUITE_P(Tester, TvåStationer, ::testing::Values(1, 7));
 
-TEST_P(TvåStationer, SaveAHundredContactsEachInOneLogAtOnce) {
+TEST_P(TvåStationer, SaveFiveHundredContactsEachInOneLogAtOnce) {
     Förbered({{GetParam(), "delad.svk"}});
     const QString fil = Logg("delad.svk");
-    Sparprocess ena(Mapp(), fil, {"save", "SM5", "100"});
-    Sparprocess andra(Mapp(), fil, {"save", "SM7", "100"});
+    Sparprocess ena(Mapp(), fil, {"save", "SM5", "500"});
+    Sparprocess andra(Mapp(), fil, {"save", "SM7", "500"});
     ASSERT_TRUE(ena.Redo() && andra.Redo());
     ena.Börja();
     andra.Börja();
@@ -140,16 +143,44 @@ TEST_P(TvåStationer, SaveAHundredContactsEachInOneLogAtOnce) {
     EXPECT_EQ(andra.Sagt("message"), QStringList());
     QStringList väntat;
     for (const char* prefix : {"SM5", "SM7"})
-        for (int i = 0; i < 100; ++i) väntat += Provanrop(prefix, i);
+        for (int i = 0; i < 500; ++i) väntat += Provanrop(prefix, i);
     QStringList rader = Rader(fil, "Signal");
     rader.sort();
     EXPECT_EQ(rader, väntat);
     EXPECT_EQ(LäsEtt(fil, "PRAGMA integrity_check"), "ok");
-    EXPECT_EQ(LäsEtt(fil, "SELECT LöpNr FROM INFO"), GetParam() == 7 ? "201" : "1")
+    EXPECT_EQ(LäsEtt(fil, "SELECT LöpNr FROM INFO"), GetParam() == 7 ? "1001" : "1")
         << "each contact has moved the counter";
-    EXPECT_EQ(Rader(Fil("Lokator.dat"), "Signal", "Lokator").size(), 200);
+    EXPECT_EQ(Rader(Fil("Lokator.dat"), "Signal", "Lokator").size(), 1000);
+    if (GetParam() == 7)
+        for (const char* prefix : {"SM5", "SM7"}) {
+            int förra = 0;
+            for (const auto& rad :
+                 Läs(fil,
+                     QString("SELECT LöpNrSR FROM TESTQSO WHERE Prefix='%1' ORDER BY rowid").arg(prefix))) {
+                EXPECT_GT(rad[0].toInt(), förra) << "a station's serials only rise";
+                förra = rad[0].toInt();
+            }
+        }
     // Each has its own longest contact; the file holds that of one of them.
     EXPECT_NE(LäsEtt(fil, "SELECT LängstaQSOSträng FROM INFO"), "");
+}
+
+TEST_F(Hållbarhet, ALogThatIsBusyForAlmostFiveSecondsIsWaitedForWithoutAWord) {
+    StartaKlar(7);
+    sqlite3* annan = nullptr;
+    ASSERT_EQ(sqlite3_open(Logg().toUtf8().constData(), &annan), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(annan, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    std::thread upptagen([annan] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(4800));
+        sqlite3_exec(annan, "COMMIT", nullptr, nullptr, nullptr);
+    });
+    Kör("sm5abc", "jo89wj");
+    upptagen.join();
+    sqlite3_close(annan);
+    EXPECT_TRUE(meddelanden.empty());
+    EXPECT_EQ(Rader("Signal, LöpNrSR"), QStringList{"SM5ABC|01"});
+    EXPECT_EQ(INFO("LöpNr"), "2");
+    EXPECT_EQ(frTest::instans().lblQSO->text(), "1");
 }
 
 // ---- an end by the runtime ----------------------------------------------------------------------------
