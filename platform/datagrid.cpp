@@ -83,6 +83,7 @@ DataGrid::DataGrid(QWidget* parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setAlternatingRowColors(true);
     setWordWrap(false);
+    setTabKeyNavigation(false); // Tab goes on to the next control
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);

@@ -13,6 +13,7 @@
 
 #include <QBoxLayout>
 #include <QGridLayout>
+#include <QScreen>
 
 using platform::Named;
 using platform::Recordset;
@@ -166,7 +167,8 @@ void frEditorTest::Bygg() {
     plats->addWidget(lblTestlogg);
     plats->addLayout(fält);
     plats->addLayout(knappar);
-    resize(980, 560);
+    constexpr int allaKolumner = 1190;
+    resize(qMin(allaKolumner, screen()->availableSize().width() - 40), 560);
 }
 
 void frEditorTest::Koppla() {
