@@ -10,7 +10,8 @@
 /// message and leaves the row uncommitted in the cursor.
 void SparaTestQSO(int Test);
 
-/// Asks every cursor of the open log anew, so that what another station has saved comes in too. @throws platform::Failure
+/// Asks every cursor of the open log anew, so that what another station has saved comes in too. @throws
+/// platform::Failure
 void RequeryFrågor();
 
 /// Reads the row of INFO as it is in the file now, changes it and writes it. Another station on the same file
