@@ -202,6 +202,7 @@ private:
     void VerkställTabbordning();
 
     std::map<QString, QAction*> menyer_;
+    bool prefixLoggVisas_ = false; ///< the layout in which dgLogg stands
     std::vector<QWidget*> tabbordning_;
     std::array<QLabel*, 4> paneler_{};
 };

@@ -271,6 +271,8 @@ void frTest::RensaTest() {
     Initiera_dgMulti();
     db().rsTESTQSO.Filter(QString());
     if (!db().rsTESTQSO.IsEOF()) db().rsTESTQSO.MoveLast();
+    // A report leaves the layout of SAC behind.
+    if (prefixLoggVisas_ != Test().prefixLogg) Initiera_dgLogg();
     if (const auto kolumn = Test().loggKolumn) dgLogg->Caption(kolumn->nummer, kolumn->rubrik.toString());
 }
 

@@ -7,6 +7,10 @@
 #include "contest/frTestInst.h"
 #include "contest/frTestOm.h"
 #include "contest/frTestVal.h"
+#include "reports/AdifModul.h"
+#include "reports/frTestRapport_cbr.h"
+#include "reports/frTestRapport_edi.h"
+#include "reports/frTestRapport_sum.h"
 #include "shared/Minnen.h"
 #include "shared/frData.h"
 #include "shared/frNätverkInst.h"
@@ -161,7 +165,14 @@ void frTest::KopplaMenyer() {
     vid("mnuInställning_Tabbstop_Löpnr", [this] { TabbstoppLöpnr(!delat.TabbstopLöpnr); });
     vid("mnuInställning_Vila", [this] { cmdVila_Click(); });
     vid("mnuInställning_Epost", [] { VäljEpostprogram(); });
+    vid("mnuRapport_Cabrillo",
+        [] { frTestRapport_cbr::instans().Visa(QStringLiteral("Rapport (Cabrillo)")); });
+    vid("mnuRapport_EDI",
+        [] { frTestRapport_edi::instans().Visa(QStringLiteral("Rapport  [Reg1Test] (EDI)")); });
+    vid("mnuRapport_Summa",
+        [] { frTestRapport_sum::instans().Visa(QStringLiteral("Rapport (Summa, Rapport)")); });
     vid("mnuRapport_Editor", [] { VäljEditor(); });
+    vid("mnuarkiv_Export_ADI", [] { ExporteraAdif(); });
     vid("mnuRedigera_Uppdatera_Lokator", [] { UppdateraLokator(); });
     vid("mnuRedigera_Uppdatera_Friend", [] { UppdateraFriend(); });
     vid("mnuRedigera_TömLokator", [] { TömLokator(); });

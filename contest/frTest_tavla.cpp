@@ -120,9 +120,15 @@ void frTest::Initiera_fgTestData2() {
     }
 }
 
-void frTest::Initiera_dgLogg1() { BindLogg(*dgLogg, QStringLiteral("Multiplar")); }
+void frTest::Initiera_dgLogg1() {
+    BindLogg(*dgLogg, QStringLiteral("Multiplar"));
+    prefixLoggVisas_ = true;
+}
 
-void frTest::Initiera_dgLogg2() { BindLogg(*dgLogg, QStringLiteral("Diplom")); }
+void frTest::Initiera_dgLogg2() {
+    BindLogg(*dgLogg, QStringLiteral("Diplom"));
+    prefixLoggVisas_ = false;
+}
 
 void frTest::Initiera_dgLogg() {
     if (Test().prefixLogg)

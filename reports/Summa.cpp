@@ -1,0 +1,169 @@
+#include "reports/Summa.h"
+
+#include "platform/failure.h"
+#include "platform/text.h"
+#include "reports/FastText.h"
+#include "reports/Titlar.h"
+
+#include <QStringBuilder>
+
+#include <array>
+
+namespace reports {
+namespace {
+
+struct Bandrad {
+    const char* band;
+    const char* rubrik;
+};
+constexpr std::array<Bandrad, 6> bandrader = {{{"160 M", "160 M   "},
+                                               {"80 M", " 80 M   "},
+                                               {"40 M", " 40 M   "},
+                                               {"20 M", " 20 M   "},
+                                               {"15 M", " 15 M   "},
+                                               {"10 M", " 10 M   "}}};
+
+/// Three figures side by side, those of a band or the totals.
+struct Siffror {
+    FastText qso{8}, poäng{9}, multiplar{8};
+
+    Siffror(const QString& q, const QString& p, const QString& m) {
+        qso.Vänster(q);
+        poäng.Vänster(p);
+        multiplar.Vänster(m);
+    }
+    QString Text() const { return qso.Text() % poäng.Text() % multiplar.Text(); }
+};
+
+Siffror FörBand(const Loggbild& logg, const QString& band) {
+    qsizetype antal = 0;
+    double poäng = 0;
+    for (const Kontakt& kontakt : logg.kontakter) {
+        if (kontakt.band.compare(band, Qt::CaseInsensitive) != 0) continue;
+        ++antal;
+        poäng += platform::Val(kontakt.poäng);
+    }
+    return {QString::number(antal), QString::number(poäng, 'f', 0), QStringLiteral("0")};
+}
+
+Siffror Totalt(const std::vector<Siffror>& band) {
+    int qso = 0, poäng = 0, multiplar = 0;
+    for (const Siffror& siffror : band) {
+        qso = LäggTillBand(qso, siffror.qso.Text());
+        poäng = LäggTillBand(poäng, siffror.poäng.Text());
+        multiplar = LäggTillBand(multiplar, siffror.multiplar.Text());
+    }
+    return {QString::number(qso), QString::number(poäng), QString::number(multiplar)};
+}
+
+QString Streck(qsizetype antal) { return QString(antal, u'-'); }
+
+/// The contest's title as a part of a file name.
+QString Titeldel(int test) { return SummaTitel(test).replace(QLatin1String("NAC"), QLatin1String("_")); }
+
+} // namespace
+
+int LäggTillBand(int total, const QString& fält) {
+    return platform::ToInt32(platform::ToNumber(QString::number(total) % fält));
+}
+
+QString SummaFilnamn(const SummaUppgifter& u) {
+    return u"SVK" % KortDatum(u.formulärdatum) % u'_' % Titeldel(u.test);
+}
+
+QString ListaFilnamn(const SummaUppgifter& u) {
+    return u.signal % KortDatum(u.formulärdatum) % u'_' % Titeldel(u.test);
+}
+
+std::span<const Kolumn> SummaKolumner() {
+    using K = Kontakt;
+    static constexpr Kolumn kolumner[] = {
+        {"Trafiksätt", &K::trafiksätt}, {"Band ", &K::band}, {"Poäng", &K::poäng}, {"Datum", &K::datum}};
+    return kolumner;
+}
+
+std::span<const Kolumn> ListaKolumner() {
+    using K = Kontakt;
+    static constexpr Kolumn kolumner[] = {
+        {"Datum", &K::datum}, {"Tid", &K::tid},   {"Signal", &K::signal},     {"Trafiksätt", &K::trafiksätt},
+        {"Band ", &K::band},  {"Sänt", &K::sänt}, {"Mottaget", &K::mottaget}, {"Multiplar", &K::multiplar},
+        {"Poäng", &K::poäng}};
+    return kolumner;
+}
+
+Rapport SummaRapport(const SummaUppgifter& u, const Loggbild& logg) {
+    if (!logg.läsbar || logg.kontakter.empty()) throw platform::Failure(QStringLiteral("Loggen är tom."));
+    const Kontakt& första = logg.kontakter.front();
+    FastText trafik(8);
+    trafik.Vänster(första.trafiksätt); // of the first contact, in every row
+    std::vector<Siffror> band;
+    for (const Bandrad& rad : bandrader) band.push_back(FörBand(logg, QString::fromLatin1(rad.band)));
+    const Siffror totalt = Totalt(band);
+    const QString indrag(19, u' ');
+    Rapport rapport{{u"Contest:           " % SummaTitel(u.test),
+                     {},
+                     u"Contest Date:      " % första.datum,
+                     {},
+                     u"Callsign:          " % u.signal,
+                     u"Operators:         " % u.operatörer,
+                     {},
+                     u"Category:          " % u.op,
+                     u"Category Assisted: " % u.assist,
+                     {},
+                     u"Equipment:         " % u.riggar,
+                     u"Antennas:          " % u.antenner,
+                     {},
+                     u"Name:              " % u.namn,
+                     u"Address:           " % u.adress,
+                     indrag % u.postnr,
+                     indrag % u.postAdress,
+                     {},
+                     u"E-mail:            " % u.email,
+                     {},
+                     u"Claimed Score:     " % u.totalPoäng,
+                     {},
+                     QStringLiteral("Band    Mode    QSO:s   Points   Mults   "),
+                     Streck(41)}};
+    for (size_t i = 0; i < band.size(); ++i)
+        rapport.rader << QString::fromLatin1(bandrader[i].rubrik) % trafik.Text() % band[i].Text();
+    rapport.rader << Streck(41) << u"   Total        " % totalt.Text() << QString()
+                  << u"Comments:          " % u.notering << QString() << QString()
+                  << QStringLiteral("Created by:        Sorvik " SORVIK_VERSION) << u.idag;
+    return rapport;
+}
+
+Rapport ListaRapport(const SummaUppgifter& u, const Loggbild& logg) {
+    Rapport rapport{
+        {u"Contest: " % SummaTitel(u.test),
+         u"Callsign: " % u.signal,
+         {},
+         QStringLiteral(
+             "Date        UTC       Callsign      Mode    Band    Sent       Rcvd       Mults      "
+             "Pts    "),
+         Streck(92)},
+        logg.läsbar && !logg.kontakter.empty()};
+    if (!rapport.hel) return rapport;
+    constexpr int raderPåSida = 48;
+    int rad = 5; // the head is on the first page
+    FastText datum(10), tid(8), signal(12), trafik(6), band(5), sänt(9), mottaget(9), multiplar(6), poäng(6);
+    for (const Kontakt& kontakt : logg.kontakter) {
+        datum.Vänster(kontakt.datum);
+        tid.Vänster(KortTid(kontakt.tid));
+        signal.Vänster(kontakt.signal);
+        trafik.Vänster(kontakt.trafiksätt);
+        band.Vänster(kontakt.band);
+        sänt.Vänster(kontakt.sänt);
+        mottaget.Vänster(kontakt.mottaget);
+        multiplar.Vänster(kontakt.multiplar);
+        poäng.Vänster(kontakt.poäng);
+        rapport.rader << datum.Text() % u"  " % tid.Text() % u"  " % signal.Text() % u"  " % trafik.Text() %
+                             u"  " % band.Text() % u"   " % sänt.Text() % u"  " % mottaget.Text() % u"  " %
+                             multiplar.Text() % u"     " % poäng.Text();
+        if (++rad < raderPåSida) continue;
+        rad = 0;
+        for (int i = 0; i < 4; ++i) rapport.rader << QString();
+    }
+    return rapport;
+}
+
+} // namespace reports

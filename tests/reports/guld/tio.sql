@@ -1,0 +1,2 @@
+UPDATE INFO SET LängstaQSOSträng='Längsta QSO : SM5ABC  JO89WJ  500 Km';
+INSERT INTO TESTQSO ("Datum", "Tid", "Signal", "Frekvens", "Trafiksätt", "Band ", "Sänt", "Mottaget", "Multiplar", "LöpNr", "Namn", "QTH", "ITU", "Zon", "Diplom", "DXCC", "Land", "Notering", "Prefix", "DXCC Nr", "Poäng", "Distrikt", "NDXCC", "NRUTA", "Dubblett", "Rutor", "LöpNrSR") VALUES ('2026-12-03', '18:00:00', 'SM5ABC', '', 'SSB', '10 M', '59 001', '57', 'JO89WJ', '042', '', '', '', '', 'JO89', '', '', '', '', '', '500', '', 'N', 'N', '', '', '001');
