@@ -37,11 +37,11 @@ struct DeladeVärden {
     QString KmPoäng;  ///< points of one kilometre
     int TotalPoäng = 0, TotalQSOPoäng = 0, TotalRutPoäng = 0;
 
-    QString RapportFil;   ///< full path of the report last opened to be read
-    QString RapportTitel; ///< its file name
-
     bool ProgramAvslutas = false;
     bool LoggIgång = false;
+
+    QString RapportFil;   ///< full path of the report last opened to be read
+    QString RapportTitel; ///< its file name
 
     // The station data of SVDINI.
     QString EgenSignal, OpSignal, OpNamn, OpAdress, OpPostnr, OpPostadr, OpEmail, OpLand, OpITU, OpZon,
