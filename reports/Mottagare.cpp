@@ -37,7 +37,7 @@ QString Adress(Mottagare mottagare, const QString& inställningar) {
     const Sida sida = SidaFör(mottagare);
     for (const QString& rad : inställningar.split(u'\n')) {
         const QString namn = rad.section(u'=', 0, 0).trimmed();
-        const QString adress = rad.section(u'=', 1).trimmed();
+        QString adress = rad.section(u'=', 1).trimmed();
         if (namn.compare(QLatin1String(sida.namn), Qt::CaseInsensitive) == 0 && !adress.isEmpty())
             return adress;
     }

@@ -97,6 +97,7 @@ Rapport SummaRapport(const SummaUppgifter& u, const Loggbild& logg) {
     FastText trafik(8);
     trafik.Vänster(första.trafiksätt); // of the first contact, in every row
     std::vector<Siffror> band;
+    band.reserve(bandrader.size());
     for (const Bandrad& rad : bandrader) band.push_back(FörBand(logg, QString::fromLatin1(rad.band)));
     const Siffror totalt = Totalt(band);
     const QString indrag(19, u' ');
