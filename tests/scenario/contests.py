@@ -39,6 +39,7 @@ class Scenario:
     steps: list
     info: tuple           # Aktuellt_Test, LöpNr, QSOLängd, LängstaQSOSträng
     labels: dict = field(default_factory=dict)
+    edi: list = None      # lines of the EDI report, the records without their date and time
     clocks: bool = False  # both clocks have run, stand in the file, and are shown from there
 
 
@@ -239,6 +240,13 @@ def kvall():
         nac("G4UU", "IO92", 984, "G", None, True, True),
         Step([("key", "alt+a Down Down Down Return"), ("closed", None), ("key", "alt+a Down Down Return"),
               ("window", "Öppna Logg"), ("type", "kvall.svk"), ("key", "Return"), ("window", "TestSignal:")]),
+        # Name and address, then the report: from the first field around to Skapa, and the message.
+        Step([("key", "alt+i Return"), ("window", "Station / Test Inst."), ("key", "Tab " * 9), ("type", "Nils"),
+              ("key", "Tab"), ("type", "Byn 1"), ("key", "Return"), ("date_message", None), ("key", "Escape"),
+              ("window", "TestSignal:")]),
+        Step([("key", "alt+p Down Return"), ("window", "Rapport  [Reg1Test] (EDI)"), ("key", "Tab " * 16 + "space"),
+              ("window", "EDI Rapport"), ("key", "Return"), ("window", "Rapport  [Reg1Test] (EDI)")], picture="edi"),
+        Step([("key", "Escape"), ("window", "TestSignal:")]),
     ]
     points = 500 + 26 + 87 + 437 + 636 + 984
     squares = 6
@@ -246,7 +254,16 @@ def kvall():
         "lblQSO": "6", "lblQSOPoäng": "0", "lblTotalQSOPoäng": str(points), "lblMultiplar": str(500 * squares),
         "lblDiplom": str(squares), "lblTotalPoäng": str(points + 500 * squares),
         "lblLängstaQSO": "Längsta QSO : G4UU  IO92  984 Km", "frmLogg": "TestLogg Fil [kvall.svk]",
-        "dgLogg": "6 rows", "dgMulti": "6 rows", "dgDXCC": "5 rows"}, clocks=True)
+        "dgLogg": "6 rows", "dgMulti": "6 rows", "dgDXCC": "5 rows"}, clocks=True, edi=[
+            "[REG1TEST;1]", "TName=NAC 144 MHz ", "TDate=20261201;20261201", "PCall=SK7MW", "PWWLo=JO65MR", "PExch=",
+            "PAdr1=", "PAdr2=", "PSect=Single Operator", "PBand=144 MHz", "PCLUB=", "RName=Nils", "RCAll=SK7MW",
+            "RAdr1=Byn 1", "RAdr2=", "RPoCo=", "RCity=", "RCoun=", "RPhon=", "RHBBS=", "MOpe1=", "MOpe2=", "STXEq=",
+            "SPowe=", "SRXEq=", "SAnte=", "SAntH=0;0", "CQSOs=6;", f"CQSOP={points}", f"CWWLs={squares};500;1",
+            f"CWWLB={500 * squares}", "CExcs=0;0;", "CExcB=0", "CDXCs=5;;", "CDXCB=0",
+            f"CToSc={points + 500 * squares}", "CODXC=G4UU;IO92;984", "[Remarks]", "[QSORecords;6]",
+            "SM5ABC;2;599;;599;;;JO89WJ;500;;N;N;", "SM7XYZ;2;599;;599;;;JO66AA;26;;N;;",
+            "OZ1AA;2;599;;599;;;JO55UM;87;;N;N;", "LA2EF;2;599;;599;;;JO59;437;;N;N;",
+            "PA3HH;2;599;;599;;;JO22;636;;N;N;", "G4UU;2;599;;599;;;IO92;984;;N;N;", "[END;Sorvik 3.0.0]"])
 
 
 ALL = {scenario.name: scenario for scenario in (nac2m(), kvall(), manad(), sac(), vus())}

@@ -12,6 +12,7 @@ import datetime
 import re
 import sys
 import time
+from itertools import zip_longest
 from pathlib import Path
 
 import contests
@@ -68,6 +69,9 @@ class Hands:
         self.program.picture("frVarning_ej_giltig")
         self.program.key("alt+F4")
         self.program.window("TestSignal:")
+
+    def date_message(self, _):
+        self.program.dismiss_date_message()
 
     def file(self, condition):
         """Waits for one row of the log to be so."""
@@ -128,6 +132,16 @@ def compare_rows(scenario, log, expected):
     return wrong
 
 
+def compare_edi(scenario, program):
+    """The report in the folder of reports, named after the day and the contest."""
+    reports = list((program.folder / "Data" / "Rapport").glob("SVK*.edi"))
+    if len(reports) != 1 or not re.fullmatch(r"SVK\d{6}__ 144 MHz\.edi", reports[0].name):
+        return [f"reports {reports}"]
+    lines = [re.sub(r"^\d{6};\d{4};", "", line) for line in reports[0].read_bytes().decode("cp1252").split("\r\n")]
+    return [f"EDI line {number}: {line!r}, expected {right!r}"
+            for number, (line, right) in enumerate(zip_longest(lines, scenario.edi + [""]), 1) if line != right]
+
+
 def compare_labels(scenario, program, log):
     controls = program.controls()
     labels = dict(scenario.labels)
@@ -167,6 +181,8 @@ def main():
             report(scenario, log, arguments.out)
             expected, note = expected_rows(scenario, note)
             differences = compare_rows(scenario, log, expected)
+            if scenario.edi:
+                differences += compare_edi(scenario, program)
             if arguments.probe:
                 differences += compare_labels(scenario, program, log)
             wrong += [f"{scenario.name}: {difference}" for difference in differences]
