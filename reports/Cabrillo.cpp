@@ -78,7 +78,7 @@ QString ÅrMånad(const QString& datum) {
 }
 
 QStringList Huvud(const Form& form, const CabrilloUppgifter& u) {
-    QStringList rader{QStringLiteral("START-OF-LOG: 2.0"), u"CALLSIGN: " % u.signal};
+    QStringList rader{QStringLiteral("START-OF-LOG: 2.0"), u"CALLSIGN: " % u.station.signal};
     if (form.mt)
         rader << u"CATEGORY: " % u.op << u"CATEGORY-ASSISTED: " % u.assist;
     else
@@ -86,9 +86,10 @@ QStringList Huvud(const Form& form, const CabrilloUppgifter& u) {
     const bool rookie = form.mt && u.rookie;
     rader << QStringLiteral("CATEGORY-OVERLAY: ") + QLatin1String(rookie ? "ROOKIE" : "EXPERT")
           << u"CLAIMED-SCORE: " % u.totalPoäng << u"CLUB: " % u.klubb << u"CONTEST: " % Testnamn(form, u.test)
-          << QStringLiteral("CREATED-BY: Sorvik " SORVIK_VERSION) << u"NAME: " % u.namn
-          << u"ADDRESS: " % u.adress << u"ADDRESS: " % u.postnr % u' ' % u.postAdress << u"ADDRESS: " % u.land
-          << u"OPERATORS: " % u.operatörer << u"SOAPBOX: " % u.email << u"SOAPBOX: " % u.notering;
+          << QStringLiteral("CREATED-BY: Sorvik " SORVIK_VERSION) << u"NAME: " % u.station.namn
+          << u"ADDRESS: " % u.station.adress << u"ADDRESS: " % u.station.postnr % u' ' % u.station.postAdress
+          << u"ADDRESS: " % u.station.land << u"OPERATORS: " % u.operatörer << u"SOAPBOX: " % u.station.email
+          << u"SOAPBOX: " % u.notering;
     return rader;
 }
 
@@ -104,7 +105,7 @@ public:
         Sätt(trafik_, form_.trafik, kontakt.trafiksätt, &FastText::Vänster);
         if (!kontakt.datum.isEmpty()) datum_.Vänster(kontakt.datum);
         if (!kontakt.tid.isEmpty()) tid_.Vänster(KortTid(kontakt.tid));
-        egen_.Vänster(uppgifter_.signal);
+        egen_.Vänster(uppgifter_.station.signal);
         rsts_.Vänster(BaraRST(kontakt.sänt));
         signal_.Vänster(kontakt.signal);
         rstm_.Vänster(BaraRST(kontakt.mottaget));
@@ -128,14 +129,14 @@ private:
         };
         switch (form_.utväxling) {
         case Form::Utväxling::Lokator:
-            egenLokator_.Vänster(uppgifter_.lokator);
+            egenLokator_.Vänster(uppgifter_.station.lokator);
             lokator_.Vänster(kontakt.multiplar);
             return {fyra(sänt_, kontakt.löpNrSR) % u' ' % egenLokator_.Text(),
                     fyra(mottaget_, kontakt.löpNr) % u' ' % lokator_.Text()};
         case Form::Utväxling::Nummer: return {fyra(sänt_, kontakt.löpNrSR), fyra(mottaget_, kontakt.löpNr)};
         case Form::Utväxling::Effekt: break;
         }
-        return {fyra(sänt_, uppgifter_.stationseffekt), fyra(mottaget_, kontakt.multiplar)};
+        return {fyra(sänt_, uppgifter_.station.effekt), fyra(mottaget_, kontakt.multiplar)};
     }
 
     const Form& form_;
@@ -147,8 +148,8 @@ private:
 } // namespace
 
 QString CabrilloFilnamn(const Cabrilloform& form, const CabrilloUppgifter& u) {
-    if (form.mt) return u.signal % u"_MT" % ÅrMånad(u.datum) % u'_' % u.trafik;
-    return u.signal % KortDatum(u.formulärdatum) % u'_' % Testnamn(form, u.test);
+    if (form.mt) return u.station.signal % u"_MT" % ÅrMånad(u.datum) % u'_' % u.trafik;
+    return u.station.signal % KortDatum(u.formulärdatum) % u'_' % Testnamn(form, u.test);
 }
 
 std::span<const Kolumn> CabrilloKolumner() {

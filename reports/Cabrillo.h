@@ -14,8 +14,7 @@ extern const Cabrilloform cabrilloARRLDX; ///< no contest leads to it
 /// What the header is made of, and the columns that are the same on every line.
 struct CabrilloUppgifter {
     int test = 0; ///< contest number
-    // Of the station.
-    QString signal, lokator, namn, adress, postnr, postAdress, land, email, stationseffekt;
+    Stationsuppgifter station;
     // Of the report window.
     QString datum, klubb, operatörer, notering, op, band, trafik, effekt, assist;
     bool rookie = false; ///< that row of the operator list is chosen

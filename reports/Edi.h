@@ -8,8 +8,7 @@ namespace reports {
 
 struct EdiUppgifter {
     int test = 0; ///< contest number
-    // Of the station.
-    QString signal, lokator, namn, adress, postnr, postAdress, land, email;
+    Stationsuppgifter station;
     // Of the report window.
     QString datum, testSignal, testLokator, klubb, op, band, operatör1, operatör2, rigTX, rigRX, effekt,
         antenn, antennhöjd, månad, notering;

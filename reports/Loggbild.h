@@ -27,6 +27,11 @@ struct Loggbild {
     bool läsbar = true;             ///< false: a column is missing, so that the first contact cannot be read
 };
 
+/// What the reports tell of the station, as it stands in its window.
+struct Stationsuppgifter {
+    QString signal, lokator, namn, adress, postnr, postAdress, land, email, effekt;
+};
+
 /// A report: its lines, and whether the writer came to the end of it.
 struct Rapport {
     QStringList rader;

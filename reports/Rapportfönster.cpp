@@ -74,6 +74,19 @@ QPushButton* Rapportfönster::NyStängknapp() {
     return stäng;
 }
 
+reports::Stationsuppgifter Rapportfönster::Stationsuppgifter() {
+    const frTestInst& station = Station();
+    return {.signal = station.txtSignal->text(),
+            .lokator = station.txtTestLokator->text(),
+            .namn = station.txtNamn->text(),
+            .adress = station.txtAdress->text(),
+            .postnr = station.txtPostnr->text(),
+            .postAdress = station.txtPostAdress->text(),
+            .land = station.txtLand->text(),
+            .email = station.txtEmail->text(),
+            .effekt = station.txtEffekt->text()};
+}
+
 void SkapaRapport(const Rapporttexter& texter, const std::function<void()>& skriv) {
     try {
         skriv();

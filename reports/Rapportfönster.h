@@ -2,6 +2,7 @@
 
 #include "contest/frTestInst.h"
 #include "platform/widgets.h"
+#include "reports/Loggbild.h"
 
 #include <QDialog>
 #include <QGridLayout>
@@ -35,6 +36,7 @@ protected:
 
     /// The station data as they stand in their window.
     static const frTestInst& Station() { return frTestInst::instans(); }
+    static reports::Stationsuppgifter Stationsuppgifter();
 
 private:
     void LäggTill(QWidget* kontroll, const char* rubrik, int kolumn);

@@ -72,7 +72,7 @@ QString SummaFilnamn(const SummaUppgifter& u) {
 }
 
 QString ListaFilnamn(const SummaUppgifter& u) {
-    return u.signal % KortDatum(u.formulärdatum) % u'_' % Titeldel(u.test);
+    return u.station.signal % KortDatum(u.formulärdatum) % u'_' % Titeldel(u.test);
 }
 
 std::span<const Kolumn> SummaKolumner() {
@@ -105,7 +105,7 @@ Rapport SummaRapport(const SummaUppgifter& u, const Loggbild& logg) {
                      {},
                      u"Contest Date:      " % första.datum,
                      {},
-                     u"Callsign:          " % u.signal,
+                     u"Callsign:          " % u.station.signal,
                      u"Operators:         " % u.operatörer,
                      {},
                      u"Category:          " % u.op,
@@ -114,12 +114,12 @@ Rapport SummaRapport(const SummaUppgifter& u, const Loggbild& logg) {
                      u"Equipment:         " % u.riggar,
                      u"Antennas:          " % u.antenner,
                      {},
-                     u"Name:              " % u.namn,
-                     u"Address:           " % u.adress,
-                     indrag % u.postnr,
-                     indrag % u.postAdress,
+                     u"Name:              " % u.station.namn,
+                     u"Address:           " % u.station.adress,
+                     indrag % u.station.postnr,
+                     indrag % u.station.postAdress,
                      {},
-                     u"E-mail:            " % u.email,
+                     u"E-mail:            " % u.station.email,
                      {},
                      u"Claimed Score:     " % u.totalPoäng,
                      {},
@@ -136,7 +136,7 @@ Rapport SummaRapport(const SummaUppgifter& u, const Loggbild& logg) {
 Rapport ListaRapport(const SummaUppgifter& u, const Loggbild& logg) {
     Rapport rapport{
         {u"Contest: " % SummaTitel(u.test),
-         u"Callsign: " % u.signal,
+         u"Callsign: " % u.station.signal,
          {},
          QStringLiteral(
              "Date        UTC       Callsign      Mode    Band    Sent       Rcvd       Mults      "

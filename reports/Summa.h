@@ -7,8 +7,7 @@ namespace reports {
 
 struct SummaUppgifter {
     int test = 0; ///< contest number
-    // Of the station.
-    QString signal, namn, adress, postnr, postAdress, email;
+    Stationsuppgifter station;
     // Of the report window.
     QString operatörer, op, assist, riggar, antenner, notering;
     // Of the main window.

@@ -72,18 +72,9 @@ void frTestRapport_cbr::Initiera_Combo() {
 }
 
 reports::CabrilloUppgifter frTestRapport_cbr::Uppgifter() const {
-    const frTestInst& station = Station();
     const frTest& huvud = frTest::instans();
     return {.test = delat.AktuelltTest,
-            .signal = station.txtSignal->text(),
-            .lokator = station.txtTestLokator->text(),
-            .namn = station.txtNamn->text(),
-            .adress = station.txtAdress->text(),
-            .postnr = station.txtPostnr->text(),
-            .postAdress = station.txtPostAdress->text(),
-            .land = station.txtLand->text(),
-            .email = station.txtEmail->text(),
-            .stationseffekt = station.txtEffekt->text(),
+            .station = Stationsuppgifter(),
             .datum = txtDatum->text(),
             .klubb = txtKlubb->text(),
             .operatörer = txtOperatörer->text(),

@@ -73,17 +73,9 @@ void frTestRapport_edi::Initiera_Combo() {
 }
 
 reports::EdiUppgifter frTestRapport_edi::Uppgifter() const {
-    const frTestInst& station = Station();
     const frTest& huvud = frTest::instans();
     return {.test = delat.AktuelltTest,
-            .signal = station.txtSignal->text(),
-            .lokator = station.txtTestLokator->text(),
-            .namn = station.txtNamn->text(),
-            .adress = station.txtAdress->text(),
-            .postnr = station.txtPostnr->text(),
-            .postAdress = station.txtPostAdress->text(),
-            .land = station.txtLand->text(),
-            .email = station.txtEmail->text(),
+            .station = Stationsuppgifter(),
             .datum = txtDatum->text(),
             .testSignal = txtTestSignal->text(),
             .testLokator = txtTestLokator->text(),

@@ -51,15 +51,9 @@ void frTestRapport_sum::Initiera_Combo() {
 }
 
 reports::SummaUppgifter frTestRapport_sum::Uppgifter() const {
-    const frTestInst& station = Station();
     const frTest& huvud = frTest::instans();
     return {.test = delat.AktuelltTest,
-            .signal = station.txtSignal->text(),
-            .namn = station.txtNamn->text(),
-            .adress = station.txtAdress->text(),
-            .postnr = station.txtPostnr->text(),
-            .postAdress = station.txtPostAdress->text(),
-            .email = station.txtEmail->text(),
+            .station = Stationsuppgifter(),
             .operatörer = txtOperatörer->text(),
             .op = cmbOp->currentText(),
             .assist = cmbAssist->currentText(),

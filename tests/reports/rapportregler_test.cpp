@@ -64,8 +64,11 @@ TEST(Rapportregler, TheLongestContactIsReducedToItsParts) {
 }
 
 TEST(Rapportregler, NamesOfFiles) {
-    CabrilloUppgifter c{
-        .test = 8, .signal = "SK7MW", .datum = "2026-02-17", .trafik = "PH", .formulärdatum = "2026-12-01"};
+    CabrilloUppgifter c{.test = 8,
+                        .station = {.signal = "SK7MW"},
+                        .datum = "2026-02-17",
+                        .trafik = "PH",
+                        .formulärdatum = "2026-12-01"};
     EXPECT_EQ(CabrilloFilnamn(cabrilloMT, c), "SK7MW_MT2602_PH");
     for (const char* datum : {"2026/02/17", "2026.02.17", "26-02-17", " 2026-02-17 "}) {
         c.datum = datum;
@@ -85,7 +88,7 @@ TEST(Rapportregler, NamesOfFiles) {
     EXPECT_EQ(CabrilloFilnamn(cabrilloARRLDX, c), "SK7MW261201_ARRL-SSB");
     EXPECT_EQ(EdiFilnamn({.test = 1, .formulärdatum = "2026-12-01"}), "SVK261201__ 144 MHz");
     EXPECT_EQ(EdiFilnamn({.test = 14, .formulärdatum = "2026-12-01"}), "SVK261201_");
-    const SummaUppgifter s{.test = 7, .signal = "SK7MW", .formulärdatum = "2026-12-01"};
+    const SummaUppgifter s{.test = 7, .station = {.signal = "SK7MW"}, .formulärdatum = "2026-12-01"};
     EXPECT_EQ(SummaFilnamn(s), "SVK261201_MT CW");
     EXPECT_EQ(ListaFilnamn(s), "SK7MW261201_MT CW");
 }
@@ -100,7 +103,7 @@ TEST(Rapportregler, TheCallHasThirteenPlacesOnEveryLine) {
                                   .band = "80 M",
                                   .sänt = "599 1",
                                   .mottaget = "599 2"});
-    const Rapport rapport = CabrilloRapport(cabrilloSAC, {.test = 9, .signal = "SK7MW"}, logg);
+    const Rapport rapport = CabrilloRapport(cabrilloSAC, {.test = 9, .station = {.signal = "SK7MW"}}, logg);
     ASSERT_TRUE(rapport.hel);
     const qsizetype första = rapport.rader.size() - 4;
     EXPECT_EQ(rapport.rader.mid(första, 3),
