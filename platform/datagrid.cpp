@@ -111,10 +111,13 @@ void DataGrid::focusInEvent(QFocusEvent* event) {
 
 void DataGrid::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
-    // A click on the row that is current already is a choice too.
-    if (event->button() != Qt::LeftButton || !choose_ || !source_ || !source_->IsOpen()) return;
+    // A click on the row that is current already is a choice too, and takes a recordset along that has gone
+    // elsewhere meanwhile.
+    if (event->button() != Qt::LeftButton || !source_ || !source_->IsOpen()) return;
     const QModelIndex row = indexAt(event->position().toPoint());
-    if (row.isValid() && row.row() == source_->AbsolutePosition()) choose_();
+    if (!row.isValid() || row.row() >= source_->RecordCount()) return;
+    if (row.row() != source_->AbsolutePosition()) source_->AbsolutePosition(row.row());
+    if (choose_) choose_();
 }
 
 void DataGrid::Bind(Recordset* recordset, const std::vector<GridColumn>& columns) {
@@ -156,7 +159,11 @@ void DataGrid::Refresh() {
     const QScopedValueRollback<bool> following(following_, true);
     model_->Refresh();
     const qsizetype current = source_->IsOpen() ? source_->AbsolutePosition() : -1;
-    if (current < 0) return clearSelection();
+    if (current < 0) {
+        selectionModel()->clear();
+        if (source_->IsOpen() && source_->IsEOF()) scrollToBottom();
+        return;
+    }
     const QModelIndex row = model_->index(static_cast<int>(current), 0);
     selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(row);

@@ -124,6 +124,11 @@ void ComboBox::Choose(const QString& text) {
     Text(text);
 }
 
+int ComboBox::Row() const {
+    const int row = currentIndex();
+    return row >= 0 && itemText(row) == Text() ? row : -1;
+}
+
 void ComboBox::Locked(bool locked) {
     locked_ = locked;
     lineEdit()->setReadOnly(locked);

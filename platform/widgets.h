@@ -77,6 +77,8 @@ public:
     void Text(const QString& text) { setEditText(text); }
     /// Shows the text, and makes the entry that reads like it the chosen one.
     void Choose(const QString& text);
+    /// The row whose text the box shows; -1 once something else stands there.
+    int Row() const;
     /// A choice from the list, by the operator (the same entry too) or by code (a new one alone).
     void OnClick(std::function<void()> click);
 

@@ -2,55 +2,73 @@
 
 #include "platform/text.h"
 
+#include <QLocale>
 #include <QStringBuilder>
+
+#include <algorithm>
+#include <array>
 
 namespace reports {
 namespace {
 
-QString Fält(const char* tagg, const QString& värde) {
-    return QString::fromLatin1(tagg) % QString::number(värde.size()) % u'>' % värde;
-}
+/// A field: its tag, its column, and what becomes of the column's text.
+struct Adiffält {
+    const char* tagg;
+    Kolumn kolumn;
+    QString (*som)(const QString&) = nullptr;
+};
+
+QString UtanStreck(const QString& datum) { return QString(datum).remove(u'-'); }
+QString UtanKolon(const QString& tid) { return QString(tid).remove(u':'); }
+
+using K = Kontakt;
+constexpr std::array<Adiffält, 19> fält = {{{"<CALL:", {"Signal", &K::signal}},
+                                            {"<QSO_DATE:", {"Datum", &K::datum}, UtanStreck},
+                                            {"<TIME_ON:", {"Tid", &K::tid}, UtanKolon},
+                                            {"<BAND:", {"Band ", &K::band}, AdifBand},
+                                            {"<MODE:", {"Trafiksätt", &K::trafiksätt}},
+                                            {"<FREQ:", {"Frekvens", &K::frekvens}},
+                                            {"<RST_RCVD:", {"Mottaget", &K::mottaget}},
+                                            {"<RST_SENT:", {"Sänt", &K::sänt}},
+                                            {"<QTH:", {"QTH", &K::qth}},
+                                            {"<NAME:", {"Namn", &K::namn}},
+                                            {"<ITUZ:", {"ITU", &K::itu}},
+                                            {"<CQZ:", {"Zon", &K::zon}},
+                                            {"<DXCC:", {"DXCC", &K::dxcc}},
+                                            {"<ADI:", {"DXCC Nr", &K::dxccNr}},
+                                            {"<Award:", {"Diplom", &K::diplom}},
+                                            {"<Points:", {"Poäng", &K::poäng}},
+                                            {"<LAND:", {"Land", &K::land}},
+                                            {"<Multipels:", {"Multiplar", &K::multiplar}},
+                                            {"<COMMENS:", {"Notering", &K::notering}}}};
 
 } // namespace
 
 std::span<const Kolumn> AdifKolumner() {
-    using K = Kontakt;
-    static constexpr Kolumn kolumner[] = {{"Signal", &K::signal},
-                                          {"Datum", &K::datum},
-                                          {"Tid", &K::tid},
-                                          {"Band ", &K::band},
-                                          {"Trafiksätt", &K::trafiksätt},
-                                          {"Frekvens", &K::frekvens},
-                                          {"Mottaget", &K::mottaget},
-                                          {"Sänt", &K::sänt},
-                                          {"QTH", &K::qth},
-                                          {"Namn", &K::namn},
-                                          {"ITU", &K::itu},
-                                          {"Zon", &K::zon},
-                                          {"DXCC", &K::dxcc},
-                                          {"DXCC Nr", &K::dxccNr},
-                                          {"Diplom", &K::diplom},
-                                          {"Poäng", &K::poäng},
-                                          {"Land", &K::land},
-                                          {"Multiplar", &K::multiplar},
-                                          {"Notering", &K::notering}};
+    static const auto kolumner = [] {
+        std::array<Kolumn, fält.size()> alla{};
+        std::transform(fält.begin(), fält.end(), alla.begin(),
+                       [](const Adiffält& ett) { return ett.kolumn; });
+        return alla;
+    }();
     return kolumner;
 }
 
 QString AdifBand(const QString& band) {
     if (band.isEmpty()) return {};
     const double nummer = platform::Val(band);
-    return QString::number(nummer) + (nummer == 70 ? QStringLiteral("CM") : QStringLiteral("M"));
+    return QString::number(nummer, 'f', QLocale::FloatingPointShortest) +
+           (nummer == 70 ? QStringLiteral("CM") : QStringLiteral("M"));
 }
 
-QString AdifPost(const Kontakt& k) {
-    return Fält("<CALL:", k.signal) % Fält("<QSO_DATE:", QString(k.datum).remove(u'-')) %
-           Fält("<TIME_ON:", QString(k.tid).remove(u':')) % Fält("<BAND:", AdifBand(k.band)) %
-           Fält("<MODE:", k.trafiksätt) % Fält("<FREQ:", k.frekvens) % Fält("<RST_RCVD:", k.mottaget) %
-           Fält("<RST_SENT:", k.sänt) % Fält("<QTH:", k.qth) % Fält("<NAME:", k.namn) %
-           Fält("<ITUZ:", k.itu) % Fält("<CQZ:", k.zon) % Fält("<DXCC:", k.dxcc) % Fält("<ADI:", k.dxccNr) %
-           Fält("<Award:", k.diplom) % Fält("<Points:", k.poäng) % Fält("<LAND:", k.land) %
-           Fält("<Multipels:", k.multiplar) % Fält("<COMMENS:", k.notering) % u"<EOR>";
+QString AdifPost(const Kontakt& kontakt) {
+    QString post;
+    for (const Adiffält& ett : fält) {
+        const QString& text = kontakt.*ett.kolumn.fält;
+        const QString värde = ett.som ? ett.som(text) : text;
+        post += QLatin1String(ett.tagg) % QString::number(värde.size()) % u'>' % värde;
+    }
+    return post % u"<EOR>";
 }
 
 Rapport AdifRapport(const Loggbild& logg, const QDateTime& nu) {

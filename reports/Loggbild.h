@@ -24,7 +24,7 @@ struct Kolumn {
 
 struct Loggbild {
     std::vector<Kontakt> kontakter; ///< in the order of date and time
-    bool läsbar = true;             ///< false: a column is missing, so that the first contact cannot be read
+    bool läsbar = true;             ///< false: a column that the report needs is missing
 };
 
 /// What the reports tell of the station, as it stands in its window.

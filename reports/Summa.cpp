@@ -2,7 +2,6 @@
 
 #include "platform/failure.h"
 #include "platform/text.h"
-#include "reports/FastText.h"
 #include "reports/Titlar.h"
 
 #include <QStringBuilder>
@@ -23,16 +22,14 @@ constexpr std::array<Bandrad, 6> bandrader = {{{"160 M", "160 M   "},
                                                {"15 M", " 15 M   "},
                                                {"10 M", " 10 M   "}}};
 
+/// The first characters of a text, filled with blanks behind.
+QString Fast(const QString& text, qsizetype bredd) { return text.leftJustified(bredd, u' ', true); }
+
 /// Three figures side by side, those of a band or the totals.
 struct Siffror {
-    FastText qso{8}, poäng{9}, multiplar{8};
+    QString qso, poäng, multiplar;
 
-    Siffror(const QString& q, const QString& p, const QString& m) {
-        qso.Vänster(q);
-        poäng.Vänster(p);
-        multiplar.Vänster(m);
-    }
-    QString Text() const { return qso.Text() % poäng.Text() % multiplar.Text(); }
+    QString Text() const { return Fast(qso, 8) % Fast(poäng, 9) % Fast(multiplar, 8); }
 };
 
 Siffror FörBand(const Loggbild& logg, const QString& band) {
@@ -49,9 +46,9 @@ Siffror FörBand(const Loggbild& logg, const QString& band) {
 Siffror Totalt(const std::vector<Siffror>& band) {
     int qso = 0, poäng = 0, multiplar = 0;
     for (const Siffror& siffror : band) {
-        qso = LäggTillBand(qso, siffror.qso.Text());
-        poäng = LäggTillBand(poäng, siffror.poäng.Text());
-        multiplar = LäggTillBand(multiplar, siffror.multiplar.Text());
+        qso = LäggTillBand(qso, siffror.qso);
+        poäng = LäggTillBand(poäng, siffror.poäng);
+        multiplar = LäggTillBand(multiplar, siffror.multiplar);
     }
     return {QString::number(qso), QString::number(poäng), QString::number(multiplar)};
 }
@@ -94,8 +91,7 @@ std::span<const Kolumn> ListaKolumner() {
 Rapport SummaRapport(const SummaUppgifter& u, const Loggbild& logg) {
     if (!logg.läsbar || logg.kontakter.empty()) throw platform::Failure(QStringLiteral("Loggen är tom."));
     const Kontakt& första = logg.kontakter.front();
-    FastText trafik(8);
-    trafik.Vänster(första.trafiksätt); // of the first contact, in every row
+    const QString trafik = Fast(första.trafiksätt, 8); // of the first contact, in every row
     std::vector<Siffror> band;
     band.reserve(bandrader.size());
     for (const Bandrad& rad : bandrader) band.push_back(FörBand(logg, QString::fromLatin1(rad.band)));
@@ -126,7 +122,7 @@ Rapport SummaRapport(const SummaUppgifter& u, const Loggbild& logg) {
                      QStringLiteral("Band    Mode    QSO:s   Points   Mults   "),
                      Streck(41)}};
     for (size_t i = 0; i < band.size(); ++i)
-        rapport.rader << QString::fromLatin1(bandrader[i].rubrik) % trafik.Text() % band[i].Text();
+        rapport.rader << QString::fromLatin1(bandrader[i].rubrik) % trafik % band[i].Text();
     rapport.rader << Streck(41) << u"   Total        " % totalt.Text() << QString()
                   << u"Comments:          " % u.notering << QString() << QString()
                   << QStringLiteral("Created by:        Sorvik " SORVIK_VERSION) << u.idag;
@@ -146,20 +142,11 @@ Rapport ListaRapport(const SummaUppgifter& u, const Loggbild& logg) {
     if (!rapport.hel) return rapport;
     constexpr int raderPåSida = 48;
     int rad = 5; // the head is on the first page
-    FastText datum(10), tid(8), signal(12), trafik(6), band(5), sänt(9), mottaget(9), multiplar(6), poäng(6);
-    for (const Kontakt& kontakt : logg.kontakter) {
-        datum.Vänster(kontakt.datum);
-        tid.Vänster(KortTid(kontakt.tid));
-        signal.Vänster(kontakt.signal);
-        trafik.Vänster(kontakt.trafiksätt);
-        band.Vänster(kontakt.band);
-        sänt.Vänster(kontakt.sänt);
-        mottaget.Vänster(kontakt.mottaget);
-        multiplar.Vänster(kontakt.multiplar);
-        poäng.Vänster(kontakt.poäng);
-        rapport.rader << datum.Text() % u"  " % tid.Text() % u"  " % signal.Text() % u"  " % trafik.Text() %
-                             u"  " % band.Text() % u"   " % sänt.Text() % u"  " % mottaget.Text() % u"  " %
-                             multiplar.Text() % u"     " % poäng.Text();
+    for (const Kontakt& k : logg.kontakter) {
+        rapport.rader << Fast(k.datum, 10) % u"  " % Fast(KortTid(k.tid), 8) % u"  " % Fast(k.signal, 12) %
+                             u"  " % Fast(k.trafiksätt, 6) % u"  " % Fast(k.band, 5) % u"   " %
+                             Fast(k.sänt, 9) % u"  " % Fast(k.mottaget, 9) % u"  " % Fast(k.multiplar, 6) %
+                             u"     " % Fast(k.poäng, 6);
         if (++rad < raderPåSida) continue;
         rad = 0;
         for (int i = 0; i < 4; ++i) rapport.rader << QString();

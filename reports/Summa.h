@@ -32,7 +32,7 @@ Rapport SummaRapport(const SummaUppgifter& uppgifter, const Loggbild& logg);
 Rapport ListaRapport(const SummaUppgifter& uppgifter, const Loggbild& logg);
 
 /// The present total with a band's figure put behind its digits, which is how the sheet adds up: 3, 0 and 12
-/// give 3, 30 and 3012. Sheets have always been filled in so.
+/// give 3, 30 and 3012. It is no sum, and is kept so.
 /// @throws platform::Failure if the result leaves 32 bits
 int LäggTillBand(int total, const QString& fält);
 

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What the reports call the contests. Three tables, since each report has its own.
+/// What the reports call the contests.
 namespace reports {
 
 /// The title in the report windows, for contests 0 to 10; empty for the others.
@@ -13,8 +13,8 @@ QString EdiTitel(int test);
 
 /// The title in the summary and in the list of contacts, for numbers 0 to 32; empty above.
 ///
-/// The numbers are those of an older and longer catalogue. From 6 on they name other contests than ours do,
-/// and it stays so: files that were sent in carry these names.
+/// The numbers are those of a longer catalogue: 6 and 9 to 14 stand for other contests than ours there, whose
+/// reports carry these titles all the same.
 QString SummaTitel(int test);
 
 } // namespace reports

@@ -11,12 +11,6 @@
 
 namespace {
 
-/// The row of a list whose text is its own; -1 once something else has been typed.
-int ValdRad(const platform::ComboBox& lista) {
-    const int rad = lista.currentIndex();
-    return rad >= 0 && lista.itemText(rad) == lista.Text() ? rad : -1;
-}
-
 constexpr int radSSB = 2;
 constexpr int radRookie = 7;
 
@@ -84,7 +78,7 @@ reports::CabrilloUppgifter frTestRapport_cbr::Uppgifter() const {
             .trafik = cmbTrafik->Text(),
             .effekt = cmbEffekt->Text(),
             .assist = cmbAssist->Text(),
-            .rookie = ValdRad(*cmbOp) == radRookie,
+            .rookie = cmbOp->Row() == radRookie,
             .totalPoäng = huvud.lblTotalPoäng->text(),
             .formulärdatum = huvud.txtDatum->text()};
 }
@@ -111,7 +105,7 @@ void frTestRapport_cbr::Skriv(const reports::Cabrilloform& form) {
         [&] {
             const reports::Loggbild logg = reports::LäsLogg(db().rsTESTQSO, reports::CabrilloKolumner());
             // Telephony is written PH in the robots' names of files.
-            if (&form == &reports::cabrilloMT && ValdRad(*cmbTrafik) == radSSB)
+            if (&form == &reports::cabrilloMT && cmbTrafik->Row() == radSSB)
                 cmbTrafik->Text(QStringLiteral("PH"));
             const reports::CabrilloUppgifter uppgifter = Uppgifter();
             SkrivRapport(Rapportväg(reports::CabrilloFilnamn(form, uppgifter), QStringLiteral(".log")),

@@ -97,7 +97,7 @@ reports::EdiUppgifter frTestRapport_edi::Uppgifter() const {
             .diplom = huvud.lblDiplom->text(),
             .totalPoäng = huvud.lblTotalPoäng->text(),
             .formulärdatum = huvud.txtDatum->text(),
-            .trafikrad = huvud.cmbTrafik->currentIndex(),
+            .trafikrad = huvud.cmbTrafik->Row(),
             .rutPoäng = delat.RutPoäng,
             .kmPoäng = delat.KmPoäng,
             .längstaQSO = db().rsINFO.Field(QStringLiteral("LängstaQSOSträng")).text()};

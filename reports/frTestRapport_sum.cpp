@@ -75,6 +75,7 @@ void frTestRapport_sum::Summa_Rapport() {
             const reports::Loggbild logg = reports::LäsLogg(db().rsTESTQSO, reports::SummaKolumner());
             const reports::SummaUppgifter uppgifter = Uppgifter();
             const reports::Rapport rapport = reports::SummaRapport(uppgifter, logg);
+            db().rsTESTQSO.MoveFirst(); // where counting the bands leaves it
             SkrivRapport(Rapportväg(reports::SummaFilnamn(uppgifter), QStringLiteral(".sum")), rapport);
         });
 }

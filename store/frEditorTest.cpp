@@ -265,7 +265,7 @@ void frEditorTest::Notera(const QString& text) {
 // ---- a contact ----------------------------------------------------------------------------------------
 
 void frEditorTest::Välj() {
-    if (!HarLogg()) return;
+    if (!HarLogg() || db().rsTESTQSO.IsBOF() || db().rsTESTQSO.IsEOF()) return;
     delat.RedigeraQSO = true;
     delat.RedigeradBookmark = db().rsTESTQSO.GetBookmark();
     VisaTestQSOData();

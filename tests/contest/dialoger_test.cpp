@@ -9,6 +9,12 @@
 
 class DialogProv : public Programprov {};
 
+TEST_F(DialogProv, AFilterCanHaveSeveralPatternsAndAnEmptyPartAtItsEnd) {
+    EXPECT_EQ(platform::NameFilters("TestLogg (*.log)|*.log|"), "TestLogg (*.log)");
+    EXPECT_EQ(platform::NameFilters("TestLogg (*.sum *.all)|*.sum;*.all"), "TestLogg (*.sum *.all)");
+    EXPECT_EQ(platform::NameFilters("Program|*.exe|Alla filer|*"), "Program (*.exe);;Alla filer (*)");
+}
+
 TEST_F(DialogProv, TheSaveDialogOnScreenPromptsBeforeAnExistingLogAndYesReplacesIt) {
     frTest& f = StartaLogg(1);
     Kör("sm5abc", "jo89wj");

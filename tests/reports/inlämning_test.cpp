@@ -2,6 +2,7 @@
 #include "Rapportprov.h"
 
 #include "platform/launch.h"
+#include "reports/Mottagare.h"
 #include "reports/frTestRapport_cbr.h"
 #include "reports/frTestRapport_edi.h"
 #include "reports/frTestRapport_sum.h"
@@ -46,6 +47,11 @@ TEST_F(Inlämning, EachWindowOpensThePageOfTheContestsOrganiser) {
 
 TEST_F(Inlämning, TheAddressesAreTheOperatorsToChange) {
     StartaLogg(7);
+    using reports::Mottagare;
+    for (const Mottagare mottagare : {Mottagare::EDI, Mottagare::MT, Mottagare::SAC})
+        EXPECT_EQ(reports::Adress(mottagare, QString()),
+                  reports::Adress(mottagare, QString::fromLatin1(Bytes(Fil("INI/Rapport.ini")))))
+            << "what is shipped says what the program knows";
     EXPECT_TRUE(QFile::exists(Fil("INI/Rapport.ini"))) << "something to edit";
     QFile ini(Fil("INI/Rapport.ini"));
     ASSERT_TRUE(ini.open(QFile::WriteOnly));

@@ -6,6 +6,7 @@
 #include "reports/frTestRapport_cbr.h"
 #include "reports/frTestRapport_edi.h"
 #include "reports/frTestRapport_sum.h"
+#include "store/frEditorTest.h"
 
 namespace {
 
@@ -266,6 +267,93 @@ TEST_F(Rapporter, AMonthlyLogIsWrittenAsEDIWithoutTitleAndSquares) {
     Jämför("SVK261201_.edi");
 }
 
+TEST_F(Rapporter, AnEDIHeaderTellsWhatStandsInItsWindow) {
+    StartaMed(1, "nac.sql");
+    frTestRapport_edi& r = Edi();
+    const std::tuple<QLineEdit*, const char*, const char*> fält[] = {
+        {r.txtDatum, "2026-12-02", "TDate=20261202;20261202"},
+        {r.txtTestSignal, "SK7MW/P", "PCall=SK7MW/P"},
+        {r.txtTestLokator, "JO66AA", "PWWLo=JO66AA"},
+        {r.txtKlubb, "SK7XX", "PCLUB=SK7XX"},
+        {r.txtRigTX, "TX1", "STXEq=TX1"},
+        {r.txtRigRX, "RX1", "SRXEq=RX1"},
+        {r.txtAntenn, "YAGI", "SAnte=YAGI"},
+        {r.txtAntennhöjd, "9;99", "SAntH=9;99"}};
+    for (const auto& [ruta, text, rad] : fält) ruta->setText(text);
+    r.cmbBand->setCurrentIndex(4);
+    Tryck(r.cmdSkapa);
+    EXPECT_EQ(Tag(), ediKlar);
+    const QByteArray fil = Bytes(Rapport("SVK261201__ 144 MHz.edi"));
+    for (const auto& [ruta, text, rad] : fält)
+        EXPECT_TRUE(fil.contains(QByteArray("\r\n") + rad + "\r\n")) << rad;
+    EXPECT_TRUE(fil.contains("\r\nPBand=80/40 M\r\n"));
+    EXPECT_TRUE(fil.contains("\r\nRCAll=SK7MW\r\n")) << "the station's";
+    r.close();
+    EXPECT_EQ(Edi().txtTestSignal->text() + r.txtOPT1->text(), "SK7MW") << "anew";
+}
+
+TEST_F(Rapporter, TheWindowsHaveTheirLabels) {
+    StartaMed(1, "");
+    const auto rubriker = [](const QWidget& fönster) {
+        QMap<QString, QString> av;
+        for (const QLabel* etikett : fönster.findChildren<QLabel*>())
+            if (etikett->buddy()) av[etikett->buddy()->objectName()] = etikett->text();
+        for (const QPushButton* knapp : fönster.findChildren<QPushButton*>())
+            av[knapp->objectName()] = knapp->text();
+        return av;
+    };
+    using Rubriker = QMap<QString, QString>;
+    EXPECT_EQ(rubriker(Cbr()), (Rubriker{{"txtTestRapport", "Test:"},
+                                         {"txtDatum", "Test Datum:"},
+                                         {"txtSignal", "Test Signal:"},
+                                         {"txtKlubb", "Klubb:"},
+                                         {"txtOperatörer", "Operatörer:"},
+                                         {"txtNotering", "Notering:"},
+                                         {"cmbOp", "Operatör sätt"},
+                                         {"cmbBand", "Band:"},
+                                         {"cmbTrafik", "Trafiksätt:"},
+                                         {"cmbEffekt", "Effekt:"},
+                                         {"cmbAssist", "Medhjälpare:"},
+                                         {"cmdSkapa", "Skapa"},
+                                         {"cmdSkicka", "Skicka..."},
+                                         {"cmdLäs", "Läs Rapport..."},
+                                         {"cmdStäng", "Stäng"}}));
+    EXPECT_EQ(rubriker(Edi()), (Rubriker{{"txtTestRapport", "Test :"},
+                                         {"txtDatum", "Test Datum :"},
+                                         {"txtTestSignal", "Test Signal :"},
+                                         {"txtTestLokator", "Test Lokator :"},
+                                         {"txtKlubb", "Klubb :"},
+                                         {"cmbOp", "Operatör sätt :"},
+                                         {"cmbBand", "Band :"},
+                                         {"txtOPT1", "Operatör 1 :"},
+                                         {"txtOPT2", "Operatör 2 :"},
+                                         {"txtRigTX", "Rig TX :"},
+                                         {"txtRigRX", "Rig RX :"},
+                                         {"txtEffekt", "Effekt :"},
+                                         {"txtAntenn", "Antenn :"},
+                                         {"txtAntennhöjd", "Antenn höjd  ( över L ;  H  ) :"},
+                                         {"txtMånad", "Månad :"},
+                                         {"txtNotering", "Notering :"},
+                                         {"cmdSkapa", "Skapa"},
+                                         {"cmdSkicka", "Skicka..."},
+                                         {"cmdLäsRapport", "Läs Rapport..."},
+                                         {"cmdStäng", "Stäng"}}));
+    EXPECT_EQ(rubriker(Sum()), (Rubriker{{"txtTestRapport", "Test"},
+                                         {"txtTestSignal", "Signal"},
+                                         {"txtKlubb", "Klubb"},
+                                         {"cmbOp", "Operatör sätt"},
+                                         {"cmbAssist", "Medhjälpare"},
+                                         {"txtOperatörer", "Operatörer"},
+                                         {"txtRiggar", "Rig TX / RX"},
+                                         {"txtAntenner", "Antenn"},
+                                         {"txtNotering", "Notering"},
+                                         {"cmdSkapaSumma", "Skapa Summa"},
+                                         {"cmdSkapaRapport", "Skapa Rapport"},
+                                         {"cmdSkicka", "Skicka..."},
+                                         {"cmdLäsRapport", "Läs Rapport..."},
+                                         {"cmdStäng", "Stäng"}}));
+}
+
 TEST_F(Rapporter, OnTenMetresSquaresStandAsMultipliersAndCountriesAsSquares) {
     StartaMed(4, "tio.sql");
     Tryck(Edi().cmdSkapa);
@@ -307,6 +395,11 @@ TEST_F(Rapporter, TheModeOfEveryEDIRecordIsThatOfTheEntryForm) {
         }
         EXPECT_EQ(poster, 2);
     }
+    f.cmbTrafik->setCurrentIndex(1);
+    f.cmbTrafik->Text("FM"); // typed, and no row of the list
+    Tryck(Edi().cmdSkapa);
+    Tag();
+    EXPECT_TRUE(Bytes(Rapport("SVK261201__ 144 MHz.edi")).contains("261201;1800;SM5ABC;;599;"));
 }
 
 TEST_F(Rapporter, WithoutLocatorCallAddressOrNameThereIsNoEDI) {
@@ -353,10 +446,12 @@ TEST_F(Rapporter, TheSummaryCountsSixBandsAndPutsTheirDigitsTogether) {
     Tryck(r.cmdSkapaSumma);
     EXPECT_EQ(Tag(), sumKlar);
     Jämför("SVK261201_CQWW CW.sum");
+    EXPECT_EQ(db().rsTESTQSO.AbsolutePosition(), 0);
     meddelanden.clear();
     Tryck(r.cmdSkapaRapport);
     EXPECT_EQ(Tag(), allKlar);
     Jämför("SK7MW261201_CQWW CW.all");
+    EXPECT_TRUE(db().rsTESTQSO.IsEOF());
 }
 
 TEST_F(Rapporter, ContactsOnVHFAreInTheScoreAndInNoRow) {
@@ -383,6 +478,22 @@ TEST_F(Rapporter, AnEmptyLogHasNoSummaryAndAListOfItsHead) {
     Jämför("SK7MW261201_WPX SSB.all");
 }
 
+TEST_F(Rapporter, NeitherSummaryNorListAsksForTheStation) {
+    nu = QDateTime(QDate(2026, 12, 2), QTime(0, 30));
+    StartaMed(9, "sac.sql");
+    for (QLineEdit* fält : frTestInst::instans().findChildren<QLineEdit*>()) fält->clear();
+    const frTestRapport_sum& r = Sum();
+    for (QLineEdit* fält : r.findChildren<QLineEdit*>()) fält->clear();
+    Tryck(r.cmdSkapaSumma);
+    EXPECT_EQ(Tag(), sumKlar);
+    meddelanden.clear();
+    Tryck(r.cmdSkapaRapport);
+    EXPECT_EQ(Tag(), allKlar);
+    EXPECT_EQ(Filer(), (QStringList{"261201_CQWW CW.all", "SVK261201_CQWW CW.sum"}));
+    EXPECT_TRUE(Bytes(Rapport("SVK261201_CQWW CW.sum")).endsWith("\r\n2026-12-02\r\n"))
+        << "the form has the date of UTC, the sheet the local one";
+}
+
 TEST_F(Rapporter, ATotalBeyond32BitsEndsInTheMessage) {
     StartaMed(9, "sac.sql");
     Ändra(Logg(), "UPDATE TESTQSO SET Poäng=30000 WHERE \"Band \"='160 M'");
@@ -406,6 +517,18 @@ TEST_F(Rapporter, EveryContactIsExportedWithAllItsTags) {
     EXPECT_EQ(filfrågor[0].filter, "ADIF-filer (*.adi)|*.adi");
     EXPECT_TRUE(filfrågor[0].save);
     EXPECT_TRUE(db().rsTESTQSO.IsEOF());
+    EXPECT_EQ(f.dgLogg->Caption(8), "Lokator") << "not bound anew";
+    // The file is as long as the log, whatever stood there; and a narrowed log is exported whole.
+    QFile lång(Rapport("nac.adi"));
+    ASSERT_TRUE(lång.open(QFile::WriteOnly));
+    lång.write(QByteArray(100000, 'x'));
+    lång.close();
+    meddelanden.clear();
+    db().rsTESTQSO.Filter("Signal = 'FINNS INTE'");
+    filval.push_back(Rapport("nac.adi"));
+    ExporteraAdif();
+    EXPECT_EQ(Tag(), adiKlar);
+    Jämför("nac.adi");
 }
 
 TEST_F(Rapporter, AnExportNeedsALogWithContactsAndAName) {
@@ -470,6 +593,21 @@ TEST_F(Rapporter, ALogThatLacksAColumnIsTold) {
     Tryck(Cbr().cmdSkapa);
     EXPECT_EQ(Tag(), cbrFel);
     EXPECT_TRUE(Bytes(Rapport("SK7MW_MT2611_.log")).endsWith("SOAPBOX: \r\n")) << "the header stands";
+    meddelanden.clear();
+    Tryck(Edi().cmdSkapa);
+    EXPECT_EQ(Tag(), ediFel);
+    EXPECT_TRUE(Bytes(Rapport("SVK261201_.edi")).endsWith("[QSORecords;4]\r\n"));
+    f.mnuArkiv_StängTestlogg_Click();
+    Ändra(Logg(), "ALTER TABLE TESTQSO RENAME COLUMN \"Poäng\" TO Ingen");
+    Ändra(Logg(), "ALTER TABLE TESTQSO ADD COLUMN \"Poäng\" INTEGER DEFAULT 1");
+    Ändra(Logg(), "ALTER TABLE TESTQSO RENAME COLUMN Notering TO Not1");
+    filval.push_back(Logg());
+    f.mnuArkiv_ÖppnaTestlogg_Click();
+    meddelanden.clear();
+    filval.push_back(Rapport("x.adi"));
+    ExporteraAdif();
+    EXPECT_EQ(Tag(), adiFel);
+    EXPECT_TRUE(Bytes(Rapport("x.adi")).endsWith("<EOH>\r\n"));
 }
 
 TEST_F(Rapporter, WithoutAnOpenLogThereIsNoReport) {
@@ -494,6 +632,36 @@ TEST_F(Rapporter, TheWholeLogIsReportedWhateverTheEditorShows) {
     Tryck(r.cmdSkapa);
     EXPECT_EQ(Tag(), cbrKlar);
     Jämför("SK7MW261201_.log");
+}
+
+TEST_F(Rapporter, AContactCanBeOpenedByDoubleClickRightBehindAReport) {
+    frTest& f = StartaMed(1, "nac.sql");
+    const auto klicka = [&f](int rad) {
+        f.dgLogg->Refresh();
+        const QPoint plats = f.dgLogg->visualRect(f.dgLogg->model()->index(rad, 2)).center();
+        QTest::mouseClick(f.dgLogg->viewport(), Qt::LeftButton, Qt::NoModifier, plats);
+        QTest::mouseDClick(f.dgLogg->viewport(), Qt::LeftButton, Qt::NoModifier, plats);
+    };
+    klicka(3);
+    EXPECT_EQ(frEditorTest::instans().lblTestlogg->text(), "Redigera: SM5ABC");
+    frEditorTest::instans().close();
+    for (const int rad : {3, 0}) {
+        filval.push_back(Rapport("nac.adi"));
+        ExporteraAdif();
+        Tag();
+        meddelanden.clear();
+        QCoreApplication::processEvents();
+        f.dgLogg->setFocus();
+        klicka(rad);
+        EXPECT_TRUE(frEditorTest::instans().isVisible());
+        EXPECT_EQ(db().rsTESTQSO.AbsolutePosition(), rad);
+        frEditorTest::instans().close();
+    }
+    filval.push_back(Rapport("nac.adi"));
+    ExporteraAdif();
+    Tag();
+    frEditorTest::instans().VisaVald();
+    EXPECT_FALSE(delat.RedigeraQSO) << "no row is current behind the end";
 }
 
 TEST_F(Rapporter, TheLogStandsInItsOwnLayoutAgainAfterTheNextClear) {

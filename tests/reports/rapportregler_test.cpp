@@ -42,12 +42,14 @@ TEST(Rapportregler, DatesTimesAndReportsAreCutAsEveryReportCutsThem) {
 }
 
 TEST(Rapportregler, TheTitlesFollowTheNumber) {
-    EXPECT_EQ(SummaTitel(0), "NAC 432 MHz");
-    EXPECT_EQ(SummaTitel(6), "KVARTAL") << "of another catalogue";
-    EXPECT_EQ(SummaTitel(10), "CQWW SSB");
-    EXPECT_EQ(SummaTitel(16), "SAC CW");
-    EXPECT_EQ(SummaTitel(23), "ARRL TEN");
-    EXPECT_EQ(SummaTitel(32), "UKRINIA RTTY");
+    const char* const titlar[] = {
+        "NAC 432 MHz", "NAC 144 MHz", "NAC 50 MHz",  "NAC 28 MHz CW", "NAC 28 MHz SSB", "NAC 28 MHz FM",
+        "KVARTAL",     "MT CW",       "MT SSB",      "CQWW CW",       "CQWW SSB",       "SAC CW",
+        "SAC SSB",     "WPX CW",      "WPX SSB",     "CQWW SSB",      "SAC CW",         "SAC SSB",
+        "WPX CW",      "IOTA",        "CQWW RTTY",   "DLDX RTTY",     "CQRJ RTTY",      "ARRL TEN",
+        "ES OPEN",     "IARU HF",     "ASIAN CW",    "ASIAN SSB",     "JAPAN CW",       "JAPAN SSB",
+        "JARTS",       "UKRINIA",     "UKRINIA RTTY"};
+    for (int i = 0; i < 33; ++i) EXPECT_EQ(SummaTitel(i), titlar[i]) << i;
     EXPECT_EQ(SummaTitel(33), "");
     EXPECT_EQ(SummaTitel(-1), "");
     EXPECT_EQ(EdiTitel(5), "NAC 28 MHz FM");
@@ -61,6 +63,31 @@ TEST(Rapportregler, TheLongestContactIsReducedToItsParts) {
     EXPECT_EQ(LängstaQSOFält(""), "");
     EXPECT_EQ(LängstaQSOFält("SM5ABC  JO89"), "SM5ABC;JO89");
     EXPECT_EQ(LängstaQSOFält("X :"), "");
+}
+
+TEST(Rapportregler, WhatAnEDIReportCountsFollowsTheContest) {
+    const Loggbild logg{
+        .kontakter = {
+            {.sänt = "599 001", .mottaget = "579 002", .löpNr = "002", .löpNrSR = "001", .ndxcc = "N"}}};
+    for (int test = 0; test < 15; ++test) {
+        SCOPED_TRACE(test);
+        const QStringList rader = EdiRapport({.test = test,
+                                              .antalQSO = "1",
+                                              .multiplar = "MULT",
+                                              .diplom = "DIPL",
+                                              .rutPoäng = "500",
+                                              .kmPoäng = "1"},
+                                             logg)
+                                      .rader;
+        const bool tioMeter = test >= 3 && test <= 5;
+        const QString rutor = tioMeter ? "CWWLs=MULT;500;1" : "CWWLs=DIPL;500;1";
+        EXPECT_EQ(rader.filter("CWWLs="), test <= 5 ? QStringList{rutor} : QStringList());
+        EXPECT_TRUE(rader.contains(tioMeter ? "CDXCs=DIPL;;" : "CDXCs=1;;"));
+        EXPECT_TRUE(rader.contains(tioMeter ? "CDXCB=DIPL" : "CDXCB=0"));
+        const bool nummer = tioMeter || test == 7 || test == 8;
+        EXPECT_EQ(rader[rader.size() - 2].section(';', 4, 7),
+                  nummer ? "599;001;579;002" : "599 001;;579 002;002");
+    }
 }
 
 TEST(Rapportregler, NamesOfFiles) {
@@ -158,6 +185,32 @@ TEST(Rapportregler, ThePagesOfTheListBreakAfter43ContactsAndThenAfter48) {
     }
     EXPECT_EQ(brott, (QList<int>{43, 43, 43, 43, 91, 91, 91, 91, 139, 139, 139, 139}));
     EXPECT_EQ(rader.size(), 5 + 140 + 12);
+}
+
+TEST(Rapportregler, FourEmptyLinesStandBehindAFullPageAlsoAtTheEnd) {
+    Loggbild logg;
+    logg.kontakter.resize(42);
+    EXPECT_EQ(ListaRapport({}, logg).rader.size(), 5 + 42);
+    logg.kontakter.resize(43);
+    EXPECT_EQ(ListaRapport({}, logg).rader.size(), 5 + 43 + 4);
+}
+
+TEST(Rapportregler, EveryColumnOfTheListIsCutToItsWidth) {
+    const QString x(20, 'x');
+    const Loggbild logg{.kontakter = {{.datum = x,
+                                       .tid = "12345678901",
+                                       .signal = x,
+                                       .trafiksätt = x,
+                                       .band = x,
+                                       .sänt = x,
+                                       .mottaget = x,
+                                       .multiplar = x,
+                                       .poäng = x},
+                                      {}}};
+    const QStringList rader = ListaRapport({}, logg).rader;
+    EXPECT_EQ(rader[5],
+              "xxxxxxxxxx  12345     xxxxxxxxxxxx  xxxxxx  xxxxx   xxxxxxxxx  xxxxxxxxx  xxxxxx     xxxxxx");
+    EXPECT_EQ(rader[6], QString(92, ' ').left(rader[5].size())) << "nothing stays from the contact before";
 }
 
 TEST(Rapportregler, AContactIsOneLineOfADIFWithTheLengthsOfItsValues) {
