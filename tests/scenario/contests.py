@@ -241,7 +241,7 @@ def kvall():
         Step([("key", "alt+a Down Down Down Return"), ("closed", None), ("key", "alt+a Down Down Return"),
               ("window", "Öppna Logg"), ("type", "kvall.svk"), ("key", "Return"), ("window", "TestSignal:")]),
         # Name and address, then the report: from the first field around to Skapa, and the message.
-        Step([("key", "alt+i Return"), ("window", "Station / Test Inst."), ("key", "Tab " * 9), ("type", "Nils"),
+        Step([("open", ("alt+i Return", "Station / Test Inst.")), ("key", "Tab " * 9), ("type", "Nils"),
               ("key", "Tab"), ("type", "Byn 1"), ("key", "Return"), ("date_message", None), ("key", "Escape"),
               ("window", "TestSignal:")]),
         Step([("key", "alt+p Down Return"), ("window", "Rapport  [Reg1Test] (EDI)"), ("key", "Tab " * 16 + "space"),

@@ -87,6 +87,17 @@ class Sorvik:
             self.picture("inte_framme")
             raise
 
+    def open_window(self, keys, title):
+        """Keys that bring a window up; again while nothing has come. A program that is still busy with a log it
+        opens lets go of a menu."""
+        for _ in range(5):
+            self.key(*keys)
+            try:
+                return wait_for(f'the window "{title}"', lambda: self.has_window(title), 4)
+            except AssertionError:
+                self.key("Escape", "Escape")
+        self.window(title)
+
     def has_window(self, title):
         return self.xdotool("search", "--onlyvisible", "--name", title).stdout.strip() != ""
 

@@ -70,6 +70,11 @@ class Hands:
         self.program.key("alt+F4")
         self.program.window("TestSignal:")
 
+    def open(self, keys_and_title):
+        keys, title = keys_and_title
+        self.program.open_window(keys.split(), title)
+        self.program.window(title)
+
     def date_message(self, _):
         self.program.dismiss_date_message()
 
