@@ -66,14 +66,14 @@ QString Testnamn(const Form& form, int test) {
     return {};
 }
 
-/// Year and month of a date, two digits each. @throws platform::Failure
+/// Year and month of a date, two digits each; a year of two digits is of this century.
+/// @throws platform::Failure
 QString ÅrMånad(const QString& datum) {
-    for (const char* form : {"yyyy-MM-dd", "yyyy/MM/dd", "yyyy.MM.dd"})
-        if (const QDate dag = QDate::fromString(datum.trimmed(), QLatin1String(form)); dag.isValid())
-            return dag.toString(QStringLiteral("yyMM"));
-    // Two digits of a year are of this century.
-    if (const QDate dag = QDate::fromString(datum.trimmed(), QStringLiteral("yy-MM-dd")); dag.isValid())
-        return dag.toString(QStringLiteral("yyMM"));
+    const QString text = datum.trimmed().section(u' ', 0, 0); // a time of day may stand behind
+    for (const char* form : {"yyyy-M-d", "yyyy/M/d", "yyyy.M.d"})
+        for (const QString& läst : {text, QStringLiteral("20") + text})
+            if (const QDate dag = QDate::fromString(läst, QLatin1String(form)); dag.isValid())
+                return dag.toString(QStringLiteral("yyMM"));
     throw platform::Failure(QStringLiteral("Datumet kan inte läsas."));
 }
 

@@ -1,5 +1,6 @@
 #include "reports/Rapportfil.h"
 
+#include "platform/failure.h"
 #include "platform/paths.h"
 #include "platform/textfile.h"
 

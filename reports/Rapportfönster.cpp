@@ -4,8 +4,6 @@
 #include "platform/dialogs.h"
 #include "platform/failure.h"
 
-#include <QBoxLayout>
-
 #include <algorithm>
 
 using platform::Named;

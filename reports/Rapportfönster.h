@@ -4,8 +4,12 @@
 #include "platform/widgets.h"
 #include "reports/Loggbild.h"
 
+#include <QBoxLayout>
 #include <QDialog>
 #include <QGridLayout>
+
+#include <array>
+#include <functional>
 
 /// What the three report windows have in common: fields in two columns over a row of buttons, filled anew
 /// each time the window comes up, and closed with all that was typed.

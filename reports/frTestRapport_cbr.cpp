@@ -2,7 +2,6 @@
 
 #include "contest/DeladeVärden.h"
 #include "contest/frTest.h"
-#include "platform/dialogs.h"
 #include "platform/windows.h"
 #include "reports/Inlämning.h"
 #include "reports/Rapportfil.h"
@@ -50,7 +49,7 @@ void frTestRapport_cbr::Ladda() {
     txtKlubb->setText(station.txtKlubbSignal->text());
     for (Fält* fält : {txtOperatörer, txtNotering}) fält->clear();
     Initiera_Combo();
-    // 35 and 36 were contests on the same two bands.
+    // Two of the numbers are outside the catalogue.
     for (const int test : {7, 8, 35, 36})
         if (delat.AktuelltTest == test) cmbBand->Choose(QStringLiteral("80/40"));
     txtTestRapport->setFocus();

@@ -15,7 +15,7 @@ public:
     void Cabrillo_SAC();
     /// Has no contest in the catalogue.
     void Cabrillo_ARRLDX();
-    // Contests whose report was never made.
+    // No report is written for these.
     void Cabrillo_BARTGSPRING() {}
     void Cabrillo_BALTIC() {}
     void Cabrillo_URRTTY() {}

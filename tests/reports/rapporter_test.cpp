@@ -73,9 +73,19 @@ TEST_F(Rapporter, TheCabrilloWindowComesUpFilledFromTheStation) {
     SkrivI(r.txtOperatörer, "sm7aaa");
     EXPECT_EQ(r.txtKlubb->text() + r.txtOperatörer->text(), "SK0ÅSM7AAA");
     // Closed and opened it is as new.
+    r.cmbTrafik->Text("PH");
+    r.cmbOp->setCurrentIndex(3);
+    r.txtNotering->setText("73");
     Tryck(r.cmdStäng);
     EXPECT_FALSE(r.isVisible());
-    EXPECT_EQ(Cbr().txtKlubb->text(), "SK7KLUBB");
+    Cbr();
+    EXPECT_EQ(r.txtKlubb->text() + r.txtOperatörer->text() + r.txtNotering->text(), "SK7KLUBB");
+    EXPECT_EQ(r.cmbTrafik->Text() + r.cmbOp->Text(), "SINGLE-OP");
+    for (const int test : {35, 36}) {
+        r.close();
+        delat.AktuelltTest = test;
+        EXPECT_EQ(Cbr().cmbBand->Text(), "80/40") << test;
+    }
 }
 
 TEST_F(Rapporter, EachContestHasItsTitleInTheWindows) {
@@ -153,15 +163,33 @@ TEST_F(Rapporter, AnEmptyLogLeavesTheHeaderAloneInTheFile) {
 TEST_F(Rapporter, ALogOfSACGoesWithoutTheContestsName) {
     StartaMed(9, "sac.sql");
     frTestRapport_cbr& r = Cbr();
+    r.txtSignal->setText("XX"); // for display alone
     r.cmbBand->setCurrentIndex(1);
     r.cmbEffekt->setCurrentIndex(2);
-    Tryck(r.cmdSkapa);
-    EXPECT_EQ(Tag(), cbrKlar);
-    Jämför("SK7MW261201_.log");
-    meddelanden.clear();
+    r.cmbTrafik->setCurrentIndex(2);
+    for (const int test : {9, 10}) {
+        delat.AktuelltTest = test;
+        Tryck(r.cmdSkapa);
+        EXPECT_EQ(Tag(), cbrKlar);
+        Jämför("SK7MW261201_.log");
+        ASSERT_TRUE(QFile::remove(Rapport("SK7MW261201_.log")));
+        meddelanden.clear();
+    }
+    EXPECT_EQ(r.cmbTrafik->Text(), "SSB") << "only a monthly report says PH";
     r.Cabrillo_ARRLDX();
     EXPECT_EQ(Tag(), cbrKlar);
     Jämför("SK7MW261201_.log", "ARRL.log");
+}
+
+TEST_F(Rapporter, SACHasNoRookiesAndTheScoreIsWhatStandsOnTheScreen) {
+    frTest& f = StartaMed(9, "sac.sql");
+    frTestRapport_cbr& r = Cbr();
+    r.cmbOp->setCurrentIndex(7);
+    f.lblTotalPoäng->setText("12 345");
+    Tryck(r.cmdSkapa);
+    EXPECT_EQ(Tag(), cbrKlar);
+    const QByteArray fil = Bytes(Rapport("SK7MW261201_.log"));
+    EXPECT_TRUE(fil.contains("CATEGORY: ROOKIE  \r\nCATEGORY-OVERLAY: EXPERT\r\nCLAIMED-SCORE: 12 345\r\n"));
 }
 
 TEST_F(Rapporter, OtherContestsHaveNoCabrilloAndNothingIsSaid) {

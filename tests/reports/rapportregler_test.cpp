@@ -97,10 +97,15 @@ TEST(Rapportregler, NamesOfFiles) {
                         .trafik = "PH",
                         .formulärdatum = "2026-12-01"};
     EXPECT_EQ(CabrilloFilnamn(cabrilloMT, c), "SK7MW_MT2602_PH");
-    for (const char* datum : {"2026/02/17", "2026.02.17", "26-02-17", " 2026-02-17 "}) {
+    for (const char* datum :
+         {"2026/02/17", "2026.02.17", "26-02-17", " 2026-02-17 ", "2026-2-7", "26-2-7", "2026-02-17 14:00"}) {
         c.datum = datum;
         EXPECT_EQ(CabrilloFilnamn(cabrilloMT, c), "SK7MW_MT2602_PH") << datum;
     }
+    c.datum = "00-02-29";
+    EXPECT_EQ(CabrilloFilnamn(cabrilloMT, c), "SK7MW_MT0002_PH") << "a leap year of this century";
+    c.trafik = "CW";
+    EXPECT_EQ(CabrilloFilnamn(cabrilloMT, c), "SK7MW_MT0002_CW");
     for (const char* datum : {"", "2026-02-30", "i dag"}) {
         c.datum = datum;
         EXPECT_THROW(CabrilloFilnamn(cabrilloMT, c), platform::Failure) << datum;
@@ -113,11 +118,60 @@ TEST(Rapportregler, NamesOfFiles) {
     EXPECT_EQ(CabrilloFilnamn(cabrilloSAC, c), "SK7MW261201_SAC-CW");
     c.test = 42;
     EXPECT_EQ(CabrilloFilnamn(cabrilloARRLDX, c), "SK7MW261201_ARRL-SSB");
+    c.test = 12;
+    EXPECT_EQ(CabrilloFilnamn(cabrilloSAC, c), "SK7MW261201_SAC-SSB");
+    c.test = 41;
+    EXPECT_EQ(CabrilloFilnamn(cabrilloARRLDX, c), "SK7MW261201_ARRL-CW");
     EXPECT_EQ(EdiFilnamn({.test = 1, .formulärdatum = "2026-12-01"}), "SVK261201__ 144 MHz");
     EXPECT_EQ(EdiFilnamn({.test = 14, .formulärdatum = "2026-12-01"}), "SVK261201_");
     const SummaUppgifter s{.test = 7, .station = {.signal = "SK7MW"}, .formulärdatum = "2026-12-01"};
     EXPECT_EQ(SummaFilnamn(s), "SVK261201_MT CW");
     EXPECT_EQ(ListaFilnamn(s), "SK7MW261201_MT CW");
+}
+
+TEST(Rapportregler, EachCabrilloReportHasItsBandsAndModes) {
+    const std::pair<const char*, const char*> band[] = {{"160 M", " 1800"}, {"80 M", " 3500"},
+                                                        {"40 M", " 7000"},  {"20 M", "14000"},
+                                                        {"15 M", "21000"},  {"10 M", "28000"}};
+    const std::pair<const char*, const char*> trafik[] = {{"CW", "CW"}, {"SSB", "PH"}, {"RTTY", "RY"}};
+    const auto rad = [](const Cabrilloform& form, const char* iband, const char* itrafik) {
+        const Loggbild logg{.kontakter = {{.trafiksätt = itrafik, .band = iband}}};
+        const QStringList rader = CabrilloRapport(form, {}, logg).rader;
+        return rader[rader.size() - 2];
+    };
+    struct Fall {
+        const Cabrilloform& form;
+        int första, sista; ///< bands
+        int trafik;        ///< number of modes
+    };
+    for (const Fall& fall :
+         {Fall{cabrilloMT, 1, 2, 2}, Fall{cabrilloSAC, 1, 5, 3}, Fall{cabrilloARRLDX, 0, 5, 2}}) {
+        for (int i = 0; i < 6; ++i) {
+            const bool med = i >= fall.första && i <= fall.sista;
+            EXPECT_EQ(rad(fall.form, band[i].first, "CW").mid(5, 5),
+                      med ? QString(band[i].second) : QString(5, QChar(0)))
+                << band[i].first;
+        }
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(rad(fall.form, "80 M", trafik[i].first).mid(11, 2),
+                      i < fall.trafik ? QString(trafik[i].second) : QString(2, QChar(0)))
+                << trafik[i].first;
+    }
+}
+
+TEST(Rapportregler, WhatAContactLacksIsThatOfTheOneBeforeAndLongTextsAreCut) {
+    const Loggbild logg{
+        .kontakter = {
+            {.datum = "2026-12-01", .tid = "18:00:00", .signal = "A", .trafiksätt = "CW", .band = "80 M"},
+            {.signal = "B"}}};
+    const CabrilloUppgifter u{
+        .station = {.signal = "SM5ABCDEFGHIJKL", .lokator = "JO65MRAA", .effekt = "12345"}};
+    const QStringList mt = CabrilloRapport(cabrilloMT, u, logg).rader;
+    EXPECT_EQ(mt[mt.size() - 2],
+              "QSO:  3500 CW 2026-12-01 1800 SM5ABCDEFGHIJ          JO65MR B                            ");
+    const QStringList arrl = CabrilloRapport(cabrilloARRLDX, u, logg).rader;
+    EXPECT_EQ(arrl[arrl.size() - 2],
+              "QSO:  3500 CW 2026-12-01 1800 SM5ABCDEFGHIJ     1234 B                     ");
 }
 
 TEST(Rapportregler, TheCallHasThirteenPlacesOnEveryLine) {

@@ -3,8 +3,8 @@
 
     gör_guld.py     writes them beside itself, and the logs they are of as SQL
 
-Every line stands here as the formats and the rules of the reports have it; fields of fixed width are filled by this
-script's own few lines. When a format changes, the line is changed here by hand. The station and what stands in the
+Every line stands here as the formats and the rules of the reports have it, typed by hand but for the rows of the
+summary. When a format changes, the line is changed here by hand. The station and what stands in the
 report windows is in rapporter_test.cpp.
 """
 from pathlib import Path
@@ -30,7 +30,7 @@ def report(name, *lines):
     (HERE / name).write_bytes("".join(line + "\r\n" for line in lines).encode("cp1252"))
 
 
-# ---- Månadstest: a first contact without anything, a telephony one, a call and numbers too long ------------------
+# ---- Månadstest: a first contact without date and time and off its bands, a telephony one, a call and numbers too long ------------------
 
 log("mt.sql", "Längsta QSO : SM5ABC  JO89WJ  2 Km",
     {"Signal": "SM5ABC", "Trafiksätt": "RTTY", "Band ": "2 M", "Sänt": "599 01", "Mottaget": "599 12",
@@ -77,15 +77,15 @@ report("SVK261201_.edi",
        "261115;1402;?A1;;599;;;;;JO65AABB;2;;;;D",
        "[END;Sorvik 3.0.0]")
 
-# ---- SAC -------------------------------------------------------------------------------------------------------
+# ---- SAC, stored in another order than that of the times -------------------------------------------------------------------------------------------------------
 
 log("sac.sql", "",
-    {"Datum": "2026-09-19", "Tid": "12:00:00", "Signal": "K1ABC", "Frekvens": "14,025,50", "Trafiksätt": "CW",
-     "Band ": "20 M", "Sänt": "599 001", "Mottaget": "599 15", "LöpNrSR": "001", "LöpNr": "15", "Multiplar": "K",
-     "Diplom": "K (20 M)", "Poäng": 1},
     {"Datum": "2026-09-19", "Tid": "12:05:30", "Signal": "JA1XYZ/P-LONGCALL", "Trafiksätt": "RTTY", "Band ": "10 M",
      "Sänt": "599 002", "Mottaget": "579 0007", "LöpNrSR": "002", "LöpNr": "0007", "Multiplar": "JA",
      "Diplom": "JA (10 M)", "Poäng": 3},
+    {"Datum": "2026-09-19", "Tid": "12:00:00", "Signal": "K1ABC", "Frekvens": "14,025,50", "Trafiksätt": "CW",
+     "Band ": "20 M", "Sänt": "599 001", "Mottaget": "599 15", "LöpNrSR": "001", "LöpNr": "15", "Multiplar": "K",
+     "Diplom": "K (20 M)", "Poäng": 1},
     {"Datum": "2026-09-20", "Tid": "00:10:00", "Signal": "DL1AA", "Trafiksätt": "SSB", "Band ": "160 M",
      "Sänt": "59 10003", "Mottaget": "59", "LöpNrSR": "10003", "LöpNr": "", "Multiplar": "DL",
      "Diplom": "DL (160 M)", "Poäng": 3})
