@@ -33,7 +33,7 @@ class Screen:
                                         stderr=subprocess.DEVNULL)
         # A window that comes before its manager is never made the active one.
         wait_for("the window manager", lambda: subprocess.run(
-            ["xdotool", "get_num_desktops"], env=self.env, capture_output=True).returncode == 0)
+            ["xdotool", "get_num_desktops"], env=self.env, capture_output=True).returncode == 0, 60)
 
     def close(self):
         for process in (self.manager, self.server):
