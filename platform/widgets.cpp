@@ -161,6 +161,14 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
     if (click_ && rect().contains(event->pos())) click_();
 }
 
+// ---- OneLineDelegate ----------------------------------------------------------------------------------
+
+QString OneLineDelegate::displayText(const QVariant& value, const QLocale&) const {
+    QString text = value.toString();
+    text.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+    return text;
+}
+
 // ---- FlexGrid -----------------------------------------------------------------------------------------
 
 FlexGrid::FlexGrid(QWidget* parent)
@@ -189,6 +197,13 @@ void FlexGrid::Cell(int row, int column, const QString& text, const QColor& colo
     if (cell->text() != text) cell->setText(text);
     const QBrush brush = colour.isValid() ? QBrush(colour) : QBrush();
     if (cell->foreground() != brush) cell->setForeground(brush);
+}
+
+void FlexGrid::CopyRow(int from, int to) {
+    for (int column = 0; column < columnCount(); ++column) {
+        const QTableWidgetItem* cell = item(from, column);
+        Cell(to, column, Cell(from, column), cell ? cell->foreground().color() : QColor());
+    }
 }
 
 QString FlexGrid::Cell(int row, int column) const {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 #include <functional>
@@ -107,6 +108,13 @@ private:
     std::function<void()> click_;
 };
 
+/// Shows a cell's text on one line, without the control characters that text from outside may hold.
+class OneLineDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant& value, const QLocale& locale) const override;
+};
+
 /// A small grid of texts without headers of its own: row 0 and column 0 are cells like all others.
 class FlexGrid : public QTableWidget {
 public:
@@ -116,6 +124,12 @@ public:
     void Clear(int rows, int columns);
     void Cell(int row, int column, const QString& text, const QColor& colour = {});
     QString Cell(int row, int column) const;
+    /// Texts with their colours. @pre both rows are there
+    void CopyRow(int from, int to);
+    /// Makes a row the current one.
+    void Row(int row) { setCurrentCell(row, qMax(0, currentColumn())); }
+    /// The current row; the first one under the headings as long as none is.
+    int Row() const { return currentRow() < 0 ? 1 : currentRow(); }
 };
 
 /// Gives a widget the name by which tests and tools find it.

@@ -25,6 +25,15 @@ public:
         return *slot();
     }
     static bool exists() { return slot() != nullptr; }
+    /// Takes the window away; the next get makes a new one. For windows that go while their own events run:
+    /// the old one is deleted after them.
+    static void unload() {
+        W* window = slot().data();
+        if (!window) return;
+        slot().clear();
+        window->hide();
+        window->deleteLater();
+    }
     /// Deletes the window at once; never from within one of its own events.
     static void destroy() {
         if (slot()) delete slot().data();
@@ -39,6 +48,12 @@ private:
 
 /// Deletes every single-instance window, the last registered first. For the end of a test.
 void DestroyAllWindows();
+
+/// Moves a window there, or as near as a screen that is too small lets it come in whole.
+void MoveOntoScreen(QWidget& window, QPoint place);
+
+/// Shows a window in front and makes it the active one.
+void ShowInFront(QWidget& window);
 
 /// Pixels of a length in 1/1440 inch, at 96 dots an inch.
 constexpr int Twips(int twips) { return twips / 15; }
