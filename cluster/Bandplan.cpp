@@ -62,8 +62,8 @@ BandTrafik HittaBandTrafik(int frekvens) {
 
 bool ÄrAvvisad(const BandTrafik& spott, const Spottförval& förval) {
     if (spott.band == 0 || spott.trafiksätt.isEmpty()) return true;
-    return !Önskad(valbaraBand, spott.band, förval.band) ||
-           !Önskad(valbaraTrafiksätt, spott.trafiksätt, förval.trafik);
+    return !Önskad(valbaraBand, spott.band, förval.SpotBandVal) ||
+           !Önskad(valbaraTrafiksätt, spott.trafiksätt, förval.SpotTrafikVal);
 }
 
 } // namespace cluster

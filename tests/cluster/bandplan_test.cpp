@@ -59,8 +59,8 @@ TEST(Spottfilter, RefusesWhatLiesOutsideEveryRange) {
 
 TEST(Spottfilter, RefusesABandOrModeThatIsOff) {
     cluster::Spottförval förval;
-    förval.band[4] = false;   // 20 m
-    förval.trafik[2] = false; // SSB
+    förval.SpotBandVal[4] = false;   // 20 m
+    förval.SpotTrafikVal[2] = false; // SSB
     EXPECT_TRUE(ÄrAvvisad({20, u"CW"}, förval));
     EXPECT_TRUE(ÄrAvvisad({40, u"SSB"}, förval));
     EXPECT_FALSE(ÄrAvvisad({40, u"CW"}, förval));
@@ -68,7 +68,7 @@ TEST(Spottfilter, RefusesABandOrModeThatIsOff) {
 
 TEST(Spottfilter, LetsTheBandsWithoutAChoicePassWithAllBandsOff) {
     cluster::Spottförval förval;
-    for (bool& val : förval.band) val = false;
+    for (bool& val : förval.SpotBandVal) val = false;
     EXPECT_FALSE(ÄrAvvisad({30, u"CW"}, förval));
     EXPECT_FALSE(ÄrAvvisad({17, u"CW"}, förval));
     EXPECT_FALSE(ÄrAvvisad({12, u"CW"}, förval));
