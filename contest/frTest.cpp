@@ -1,5 +1,9 @@
 #include "contest/frTest.h"
 
+#include "cluster/DXClusterModul.h"
+#include "cluster/frDXCluster.h"
+#include "cluster/frDXSpott.h"
+#include "cluster/frDXSpottFörval.h"
 #include "contest/DeladeVärden.h"
 #include "contest/Klocka.h"
 #include "contest/frSplashTest.h"
@@ -47,8 +51,10 @@ void frTest::Ladda() {
     ÖppnaDatabasar();
     delat.TestLoggÖppen = false;
     frTestInst::instans().LäsSVDIni();
+    frDXSpottFörval::instans(); // reads the spot presets
     AktiveraMenyer(delat.TestLoggÖppen);
     TestTimer->Interval(1000);
+    SpotRad = 1;
     delat.TabbstopRST = true;
     delat.KlockaPå = true;
     Initiera_Fönster();
@@ -65,7 +71,7 @@ void frTest::Placera(QPoint plats) {
     // Where the screen is too small for the place or the size, the whole window counts for more than either.
     const QRect skärm = screen()->availableGeometry();
     if (width() >= skärm.width() || height() >= skärm.height()) return setWindowState(Qt::WindowMaximized);
-    move(qMin(plats.x(), skärm.right() - width()), qMin(plats.y(), skärm.bottom() - height()));
+    platform::MoveOntoScreen(*this, plats);
 }
 
 void frTest::Initiera_Fönster() {
@@ -111,6 +117,7 @@ void frTest::StängAlltOchSpara() {
     delat.LoggIgång = false;
     SkrivHållenKontakt();
     frTestInst::instans().SparaSVDIni();
+    frDXSpottFörval::instans().SparaDXSpottFörvalIni();
     StängDatabasar();
 }
 
@@ -121,6 +128,8 @@ void frTest::closeEvent(QCloseEvent* event) {
     // The log that may be open is left alone: its clocks are not written back at exit.
     StängAlltOchSpara();
     hide();
+    frDXCluster::LaddaUr();
+    frDXSpott::LaddaUr();
     if (delat.NätverkAnsluten) {
         WNetCancelConnection2A(delat.NätverkEnhet, 1, false);
         delat.NätverkAnsluten = false;

@@ -18,8 +18,8 @@
 ///
 /// The body is split by concern: frTest.cpp (life of the window), frTest_layout, frTest_meny,
 /// frTest_formulär (the entry form), frTest_spara (the two save chains), frTest_logg (log files),
-/// frTest_tavla (grids), frTest_klockor. What the call in the form means and what a contact is worth stands
-/// in store/.
+/// frTest_tavla (grids), frTest_klockor, frTest_kluster. What the call in the form means and what a contact
+/// is worth stands in store/.
 class frTest : public QMainWindow {
 public:
     using Fält = platform::TextBox;
@@ -66,6 +66,16 @@ public:
 
     /// A menu or menu entry by its name. @throws std::out_of_range
     QAction* Meny(const char* namn) const { return menyer_.at(QString::fromUtf8(namn)); }
+
+    // ---- the DX cluster -------------------------------------------------------------------------------
+    /// Makes the connection if there is none; one over TCP gives a message.
+    void DXSpotPå();
+    void DXSpotAv() {} // the connection goes with its window
+    void mnuDXSpot_Visa_Click();
+    /// The way back from the other windows: the call on the entry form gets the focus.
+    void FokusTillSignal();
+    /// Moves the window aside, as far as the screen lets it. @param vänster pixels from the left
+    void Vänsterkant(int vänster);
 
     // ---- life of the window ---------------------------------------------------------------------------
     void Initiera_Fönster();

@@ -1,5 +1,10 @@
 #include "contest/frTest.h"
 
+#include "cluster/DXSpottModul.h"
+#include "cluster/frDXCluster.h"
+#include "cluster/frDXSpott.h"
+#include "cluster/frDXSpottFörval.h"
+#include "cluster/frDXSpottLogg.h"
 #include "contest/DeladeVärden.h"
 #include "contest/Programval.h"
 #include "contest/frGrid.h"
@@ -7,6 +12,7 @@
 #include "contest/frTestInst.h"
 #include "contest/frTestOm.h"
 #include "contest/frTestVal.h"
+#include "radio/ModuleTest.h"
 #include "reports/AdifModul.h"
 #include "reports/frTestRapport_cbr.h"
 #include "reports/frTestRapport_edi.h"
@@ -165,6 +171,20 @@ void frTest::KopplaMenyer() {
     vid("mnuInställning_Tabbstop_Löpnr", [this] { TabbstoppLöpnr(!delat.TabbstopLöpnr); });
     vid("mnuInställning_Vila", [this] { cmdVila_Click(); });
     vid("mnuInställning_Epost", [] { VäljEpostprogram(); });
+    vid("mnuInställning_Volymkontroll", [] { StartaVolymkontroll(); });
+    vid("mnuDXSpot_DXSpot_Connect", [] { DXTele_Connect(); });
+    vid("mnuDXSpot_DXSpot_Disconnect", [] { KopplaFrånDXCluster(); });
+    vid("mnuDXSpot_Visa", [this] { mnuDXSpot_Visa_Click(); });
+    vid("mnuDXSpot_logg", [] { frDXSpottLogg::instans().Visa(); });
+    vid("mnuDXSpot_Förval", [] { frDXSpottFörval::instans().Visa(); });
+    vid("mnuDXSpott_DXLogg_TömLogg", [] { frDXSpottLogg::instans().TömDXSpottLogg(); });
+    vid("mnufrDXSpotMeny_VisaDXCluster", [] { frDXCluster::instans().Visa(); });
+    vid("mnufrDXSpotMeny_DöljDXCluster", [] { frDXCluster::instans().hide(); });
+    vid("mnufrDXSpotMeny_VisaLogg", [] { frDXSpottLogg::instans().Visa(); });
+    vid("mnuFönster_DXSpot", [] {
+        frDXSpott::instans().Visa();
+        frDXCluster::instans().Visa();
+    });
     vid("mnuRapport_Cabrillo",
         [] { frTestRapport_cbr::instans().Visa(QStringLiteral("Rapport (Cabrillo)")); });
     vid("mnuRapport_EDI",

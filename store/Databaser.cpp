@@ -35,19 +35,17 @@ void NollställDatabaser() { databaser() = std::make_unique<Databaser>(); }
 void ÖppnaDatabasar() {
     Databaser& d = db();
     ÖppnaKlient(d.DataDB, "Data.Dat", Durability::Full); // only read
-    ÖppnaKlient(d.DXSpottDB, "DXSpott.Dat", Durability::Relaxed);
+    ÖppnaSpottlogg();
     d.SVDDB.Open(platform::DataPath(QStringLiteral("SVD.Dat")));
     d.rsPrefix.Open(QStringLiteral("Prefix"), d.DataDB);
     d.rsPrefix.Sort(QStringLiteral("Prefix"));
-    d.rsDXSpottLogg.Open(QStringLiteral("DXSpottLogg"), d.DXSpottDB);
-    d.rsDXSpottLogg.Sort(QStringLiteral("Datum"));
     d.rsSVDINI.Open(QStringLiteral("SVDINI"), d.SVDDB);
 }
 
 void StängDatabasar() {
     Databaser& d = db();
     Stäng(d.rsPrefix, d.DataDB);
-    Stäng(d.rsDXSpottLogg, d.DXSpottDB);
+    StängSpottlogg();
     Stäng(d.rsSVDINI, d.SVDDB);
     StängFriendDB();
     StängLokatorDB();
@@ -59,6 +57,20 @@ void ÅteröppnaDatabasar() {
         ÖppnaDatabasar();
     } catch (const platform::Failure&) {
         StängDatabasar(); // all or none: the program goes on, and the next try asks one of them
+        throw;
+    }
+}
+
+void StängSpottlogg() { Stäng(db().rsDXSpottLogg, db().DXSpottDB); }
+
+void ÖppnaSpottlogg() {
+    Databaser& d = db();
+    try {
+        ÖppnaKlient(d.DXSpottDB, "DXSpott.Dat", Durability::Relaxed);
+        d.rsDXSpottLogg.Open(QStringLiteral("DXSpottLogg"), d.DXSpottDB);
+        d.rsDXSpottLogg.Sort(QStringLiteral("Datum"));
+    } catch (const platform::Failure&) {
+        StängSpottlogg();
         throw;
     }
 }

@@ -39,6 +39,12 @@ void StängDatabasar();
 /// @throws platform::Failure
 void ÅteröppnaDatabasar();
 
+/// Closes the spot store, cursor first, if it is open.
+void StängSpottlogg();
+
+/// Opens the spot store. @throws platform::Failure; it is closed then
+void ÖppnaSpottlogg();
+
 /// The memory of locators and the one of names.
 enum class Minnesdb { Lokator, Friend };
 

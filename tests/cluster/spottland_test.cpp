@@ -4,15 +4,7 @@
 #include "cluster/DXClusterModul.h"
 #include "store/Landsökning.h"
 
-class SpottlandProv : public Programprov {
-protected:
-    SpottlandProv() {
-        SpotSignal = SpotPrefix = SpotFrekvens = SpotTrafiksätt = QString();
-        SpotBand = 0;
-        SpotAvvisad = false;
-        SpotFörval = {};
-    }
-};
+class SpottlandProv : public Programprov {};
 
 TEST_F(SpottlandProv, AKnownCountrySortsTheSpotByItsFrequency) {
     StartaLogg(1);
@@ -39,7 +31,7 @@ TEST_F(SpottlandProv, ASpotWithoutACountryIsLeftAlone) {
 
 TEST_F(SpottlandProv, AnUnwantedBandRefusesTheSpotForGood) {
     StartaLogg(1);
-    SpotFörval.band[4] = false;
+    SpotFörval.SpotBandVal[4] = false;
     SpotPrefix = "OZ";
     SpotFrekvens = "14,025,50";
     KollaSpotLand();

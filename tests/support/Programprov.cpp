@@ -1,5 +1,7 @@
 #include "support/Programprov.h"
 
+#include "cluster/DXClusterModul.h"
+#include "cluster/DXSpottModul.h"
 #include "contest/frVarning.h"
 #include "platform/application.h"
 #include "platform/clock.h"
@@ -59,6 +61,7 @@ Programprov::Programprov() {
         throw ProcessSlut{status};
     });
     delat = {};
+    NollställSpott();
     NollställDatabaser();
     KopplaDialoger();
     QObject::connect(&modalvakt_, &QTimer::timeout, &modalvakt_, [this] { VaktaModala(); });
@@ -70,6 +73,15 @@ Programprov::~Programprov() {
     platform::SetEndProcess({});
     platform::SetClock({});
     platform::SetProgramFolder({});
+}
+
+void Programprov::NollställSpott() {
+    RensaSpotFält();
+    SpotBand = 0;
+    SpotAvvisad = false;
+    SpotRad = 1;
+    SpotFörval = {};
+    kluster = {};
 }
 
 void Programprov::TearDown() {

@@ -98,6 +98,7 @@ protected:
     std::optional<int> slut;                           ///< status the process was asked to end with
 
 private:
+    static void NollställSpott();
     void KopplaDialoger();
     /// A modal window that the test did not expect would otherwise hold it for ever.
     void VaktaModala();
