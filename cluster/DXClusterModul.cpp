@@ -9,7 +9,9 @@
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/text.h"
+#include "platform/windows.h"
 #include "store/Databaser.h"
+#include "store/Filtervakt.h"
 #include "store/Landsökning.h"
 #include "store/PrefixSök.h"
 
@@ -43,7 +45,8 @@ QString LäsModem() {
 }
 
 /// Whether the store has the spot at hand from this very minute already. A call that no filter can hold, one
-/// with an apostrophe, is held against the whole store: it counts as a repeat as soon as there is any spot.
+/// with an apostrophe, is held against all that the store shows: it counts as a repeat as soon as that is any
+/// spot.
 bool ÄrUpprepad() {
     platform::Recordset& logg = db().rsDXSpottLogg;
     qsizetype antal = 0;
@@ -99,7 +102,7 @@ void TolkaDXClusterData() {
     cluster::Arbetstext arbete(text);
     bool fler = true;
     while (fler && !arbete.Kvar().isEmpty()) fler = TaNästaSpott(arbete);
-    frDXCluster::instans().KortaText();
+    if (platform::SingleWindow<frDXCluster>::exists()) frDXCluster::instans().KortaText();
     kluster.ClusterBuffert.clear();
 }
 
@@ -154,6 +157,7 @@ void TaUtBandTrafiksätt(int frekvens) {
         SpotTrafiksätt = träff.trafiksätt.toString();
         if (cluster::ÄrAvvisad(träff, SpotFörval)) SpotAvvisad = true;
     } catch (const platform::Failure&) {
+        // Cannot come while the plan is a table; the words are those that operators have been told of.
         platform::MsgBox(
             QStringLiteral("Ett fel har påträffats när befintligt Band och Trafiksätt skulle kollas!"),
             QStringLiteral("TaUtBandTrafiksätt"));
@@ -163,6 +167,7 @@ void TaUtBandTrafiksätt(int frekvens) {
 void KollaSpotLand() {
     if (SpotPrefix.isEmpty() || SpotPrefix == QLatin1String("?")) return;
     platform::Recordset& prefix = db().rsPrefix;
+    const store::Filtervakt landPåFormuläret(prefix);
     prefix.Filter(store::PrefixFilter(SpotPrefix));
     const QString sök = QStringLiteral("Kod = ") + prefix.Field(QStringLiteral("KOD")).text();
     platform::Recordset& status = db().rsTESTDXCC;
@@ -174,6 +179,7 @@ void KollaSpotLand() {
     QString dxcc = prefix.Field(QStringLiteral("DXCC")).text();
     QString band =
         QString::number(SpotBand) + (SpotBand == 70 ? QStringLiteral(" CM") : QStringLiteral(" M"));
+    // Who asks stands where others have a mode; the answer is dropped either way.
     QString trafiksätt = QStringLiteral("DXCluster");
     KontrolleraNyttLand(dxcc, band, trafiksätt);
 }

@@ -78,7 +78,7 @@ void SpottTillFormulär(const ValdSpott& spott) {
 QString SiteFil(Sitemapp mapp, const QString& namn) {
     return platform::DataPath(mapp == Sitemapp::Telnet ? QStringLiteral("DX Telnet/")
                                                        : QStringLiteral("DX Telenet/")) +
-           cluster::SiteFilnamn(namn);
+           namn + QStringLiteral(".dxt");
 }
 
 bool LäsDXSite(Sitemapp mapp, const QString& namn) {

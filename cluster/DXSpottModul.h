@@ -47,7 +47,7 @@ bool GårAttLogga(const QString& signal);
 /// on the second.
 enum class Sitemapp { Telnet, Telenet };
 
-/// Full path of a site's file. @param namn with or without its extension
+/// Full path of a site's file. @param namn without its extension, as the list has it
 QString SiteFil(Sitemapp mapp, const QString& namn);
 
 /// Reads a site's file into the connection's values. A failure shows its message.

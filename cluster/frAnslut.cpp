@@ -18,7 +18,7 @@ frAnslut::frAnslut()
     : QDialog(&frTest::instans()) {
     setObjectName(QStringLiteral("frAnslut"));
     setWindowTitle(QStringLiteral("Anslut Till"));
-    fgAnslut = Named(new platform::FlexGrid, "fgAnslut");
+    fgAnslut = Named(new platform::FlexGrid(Qt::AlignLeft | Qt::AlignVCenter), "fgAnslut");
     fgAnslut->setAccessibleName(QStringLiteral("DX-Telnet Cluster"));
     fgAnslut->horizontalHeader()->setStretchLastSection(true);
     fgAnslut->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
@@ -27,7 +27,7 @@ frAnslut::frAnslut()
     auto* knappar = new QVBoxLayout;
     const auto knapp = [&](const char* namn, const char* text, auto gör) {
         auto* ny = Named(new QPushButton(QString::fromUtf8(text)), namn);
-        ny->setAutoDefault(false);
+        ny->setAutoDefault(true); // Enter presses the button that has the focus, and Anslut from the list
         connect(ny, &QPushButton::clicked, this, gör);
         knappar->addWidget(ny);
         return ny;
@@ -64,7 +64,6 @@ void frAnslut::Initiera_fgAnslut() {
         const int rad = fgAnslut->rowCount();
         fgAnslut->setRowCount(rad + 1);
         fgAnslut->Cell(rad, 0, fil.chopped(4));
-        fgAnslut->item(rad, 0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
     fgAnslut->Row(0);
 }

@@ -65,6 +65,7 @@ void frAnslutEditor::showEvent(QShowEvent* event) {
     txtFilNamn->setEnabled(kluster.NyDXSite);
     RensaAnslutEditor();
     if (kluster.NyDXSite) {
+        optServer[0]->setChecked(true);
         txtFilNamn->setFocus();
     } else {
         LäsDXTelnet();
@@ -78,8 +79,8 @@ void frAnslutEditor::RensaAnslutEditor() {
 
 void frAnslutEditor::LäsDXTelnet() {
     const QString namn = frAnslut::instans().ValdSite();
-    if (!LäsDXSite(Sitemapp::Telenet, namn)) return;
     txtFilNamn->setText(namn);
+    if (!LäsDXSite(Sitemapp::Telenet, namn)) return;
     txtVärdNamn->setText(kluster.DXVärdNamn);
     txtVärdAdress->setText(kluster.DXVärdAdress);
     txtPortadress->setText(QString::number(kluster.DXVärdPort));
@@ -94,7 +95,8 @@ bool frAnslutEditor::SparaDXTelnetFil() {
         kluster.DXVärdAdress = txtVärdAdress->text();
         kluster.DXVärdPort = platform::ToInt32(platform::ToNumber(txtPortadress->text()));
         kluster.DXServerTyp = optServer[0]->isChecked() ? 0 : 1;
-        platform::SaveTextFile(SiteFil(Sitemapp::Telenet, txtFilNamn->text()),
+        const QString fil = cluster::SiteFilnamn(txtFilNamn->text());
+        platform::SaveTextFile(SiteFil(Sitemapp::Telenet, fil.chopped(4)),
                                cluster::SiteTillText({.namn = kluster.DXVärdNamn,
                                                       .adress = kluster.DXVärdAdress,
                                                       .port = kluster.DXVärdPort,

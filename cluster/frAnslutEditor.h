@@ -20,6 +20,7 @@ public:
 
     /// @param ny a new site; else the one that is chosen in frAnslut
     void VisaModalt(bool ny);
+    /// Empties the fields.
     void RensaAnslutEditor();
     /// Fills the fields from the file of the chosen site. A failure shows its message.
     void LäsDXTelnet();

@@ -43,6 +43,7 @@ void frDXCluster::LaddaUr() {
     instans().TimerDXCluster->Interval(0);
     platform::SingleWindow<frDXCluster>::unload();
     kluster.ClusterAnsluten = false;
+    kluster.ClusterBuffert.clear(); // the window may go while what arrived last is about to be read
 }
 
 void frDXCluster::ByggFönster() {
@@ -60,11 +61,10 @@ void frDXCluster::ByggFönster() {
     auto* lblCMD = new QLabel(QStringLiteral("Cmd:"));
     lblCMD->setBuddy(txtCMD);
     txtCMD->setAccessibleName(lblCMD->text());
-    cmdEnter = Named(new QPushButton(QStringLiteral("Enter")), "cmdEnter");
+    cmdEnter = platform::NewButton("cmdEnter", QStringLiteral("Enter"));
     cmdEnter->setDefault(true);
-    cmdSändDX = Named(new QPushButton(QStringLiteral("Sänd DX")), "cmdSändDX");
-    cmdCancel = Named(new QPushButton(QStringLiteral("ESC")), "cmdCancel");
-    for (QPushButton* knapp : {cmdSändDX, cmdCancel}) knapp->setAutoDefault(false);
+    cmdSändDX = platform::NewButton("cmdSändDX", QStringLiteral("Sänd DX"));
+    cmdCancel = platform::NewButton("cmdCancel", QStringLiteral("ESC"));
 
     auto* rad = new QHBoxLayout;
     rad->addWidget(lblCMD);

@@ -33,10 +33,9 @@ frDXSpott::frDXSpott()
     : QDialog(&frTest::instans()) {
     setObjectName(QStringLiteral("frDXSpott"));
     setWindowTitle(QStringLiteral("DX Spot"));
-    fgDXSpott = Named(new platform::FlexGrid, "fgDXSpott");
+    fgDXSpott = Named(new platform::FlexGrid(Qt::AlignLeft | Qt::AlignVCenter), "fgDXSpott");
     fgDXSpott->setAccessibleName(QStringLiteral("DX Spot"));
-    cmdCancel = Named(new QPushButton(QStringLiteral("ESC")), "cmdCancel");
-    cmdCancel->setAutoDefault(false);
+    cmdCancel = platform::NewButton("cmdCancel", QStringLiteral("ESC"));
     auto* knappar = new QHBoxLayout;
     knappar->addStretch(1);
     knappar->addWidget(cmdCancel);
@@ -45,7 +44,11 @@ frDXSpott::frDXSpott()
     plats->addWidget(fgDXSpott, 1);
     plats->addLayout(knappar);
     connect(cmdCancel, &QPushButton::clicked, this, &frDXSpott::reject);
-    connect(fgDXSpott, &QTableWidget::cellDoubleClicked, this, [this] { fgDXSpott_DblClick(); });
+    connect(fgDXSpott, &QTableWidget::cellDoubleClicked, this, [this](int rad, int) {
+        // A spot that came between the two clicks has made its own row the current one.
+        fgDXSpott->Row(rad);
+        fgDXSpott_DblClick();
+    });
     Initiera_Fönster();
 }
 
@@ -65,6 +68,12 @@ void frDXSpott::Initiera_Fönster() {
     constexpr int synliga = 12;
     fgDXSpott->setItemDelegate(new platform::OneLineDelegate(fgDXSpott));
     fgDXSpott->setWordWrap(false);
+    // Small enough for the strip beside the main window.
+    QFont liten = font();
+    liten.setPointSizeF(liten.pointSizeF() * 0.9);
+    fgDXSpott->setFont(liten);
+    fgDXSpott->horizontalHeader()->setFont(liten);
+    const QFontMetrics mått(liten);
     fgDXSpott->setAlternatingRowColors(true);
     fgDXSpott->Clear(rader, kolumner);
     QHeaderView& rubriker = *fgDXSpott->horizontalHeader();
@@ -78,7 +87,7 @@ void frDXSpott::Initiera_Fönster() {
         const QString rubrik = QString::fromUtf8(kolumn.rubrik);
         fgDXSpott->Cell(0, i, rubrik);
         texter << rubrik;
-        const int text = fontMetrics().horizontalAdvance(QString::fromUtf8(kolumn.längst)) + 10;
+        const int text = mått.horizontalAdvance(QString::fromUtf8(kolumn.längst)) + 6;
         const int vidd = kolumn.bredd == 0 ? 0 : qMax(Twips(kolumn.bredd), text);
         fgDXSpott->setColumnWidth(i, vidd);
         fgDXSpott->setColumnHidden(i, kolumn.bredd == 0);
@@ -88,7 +97,7 @@ void frDXSpott::Initiera_Fönster() {
     fgDXSpott->setHorizontalHeaderLabels(texter);
     rubriker.show();
     fgDXSpott->setRowHidden(0, true);
-    const int radhöjd = fontMetrics().height() + 6;
+    const int radhöjd = mått.height() + 6;
     fgDXSpott->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     fgDXSpott->verticalHeader()->setDefaultSectionSize(radhöjd);
     const int ram = 2 * fgDXSpott->frameWidth();
@@ -108,11 +117,7 @@ void frDXSpott::VisaPlats(int rad) {
 }
 
 void frDXSpott::SkrivRad(int rad, const std::array<QString, kolumner>& texter) {
-    for (int i = 0; i < kolumner; ++i) {
-        const QString& text = texter[static_cast<size_t>(i)];
-        fgDXSpott->Cell(rad, i, text);
-        fgDXSpott->item(rad, i)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    }
+    for (int i = 0; i < kolumner; ++i) fgDXSpott->Cell(rad, i, texter[static_cast<size_t>(i)]);
 }
 
 void frDXSpott::fgDXSpott_DblClick() {

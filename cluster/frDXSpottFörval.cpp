@@ -14,6 +14,8 @@
 #include <QFile>
 #include <QGroupBox>
 
+#include <utility>
+
 using platform::Named;
 
 namespace {
@@ -34,20 +36,15 @@ frDXSpottFörval::frDXSpottFörval()
     : QDialog(&frTest::instans()) {
     setObjectName(QStringLiteral("frDXSpottFörval"));
     setWindowTitle(QStringLiteral("Förval  DX Spot"));
-    const auto knapp = [](const char* namn, const char* text) {
-        auto* ny = Named(new QPushButton(QString::fromUtf8(text)), namn);
-        ny->setAutoDefault(false);
-        return ny;
-    };
-    cmdBandAlla = knapp("cmdBandAlla", "Alla");
-    cmdBandIngen = knapp("cmdBandIngen", "Ingen");
-    cmdTrafiksättAlla = knapp("cmdTrafiksättAlla", "Alla");
-    cmdTrafiksättIngen = knapp("cmdTrafiksättIngen", "Ingen");
+    cmdBandAlla = platform::NewButton("cmdBandAlla", QStringLiteral("Alla"));
+    cmdBandIngen = platform::NewButton("cmdBandIngen", QStringLiteral("Ingen"));
+    cmdTrafiksättAlla = platform::NewButton("cmdTrafiksättAlla", QStringLiteral("Alla"));
+    cmdTrafiksättIngen = platform::NewButton("cmdTrafiksättIngen", QStringLiteral("Ingen"));
     cmbljud = Named(new QComboBox, "cmbljud");
     cmbljud->setAccessibleName(QStringLiteral("Ljud"));
-    Command1 = knapp("Command1", "Prova ljud");
-    cmdSpara = knapp("cmdSpara", "Spara");
-    cmdAvbryt = knapp("cmdAvbryt", "Stäng");
+    Command1 = platform::NewButton("Command1", QStringLiteral("Prova ljud"));
+    cmdSpara = platform::NewButton("cmdSpara", QStringLiteral("Spara"));
+    cmdAvbryt = platform::NewButton("cmdAvbryt", QStringLiteral("Stäng"));
     cmdSpara->setDefault(true);
 
     auto* val = new QHBoxLayout;
@@ -71,6 +68,10 @@ frDXSpottFörval::frDXSpottFörval()
     connect(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
     connect(cmdSpara, &QPushButton::clicked, this, [this] { cmdSpara_Click(); });
     connect(cmdAvbryt, &QPushButton::clicked, this, &QWidget::close);
+    Ladda();
+}
+
+void frDXSpottFörval::Ladda() {
     if (QFile::exists(Inifil()))
         LäsDXSpottFörvalIni();
     else
@@ -102,10 +103,7 @@ QWidget* frDXSpottFörval::ByggVal(const QString& rubrik, const char* namn, std:
 }
 
 void frDXSpottFörval::Visa() {
-    if (!isVisible()) {
-        InitieraCheckBoxes();
-        InitieraComboBox();
-    }
+    if (!isVisible()) Ladda();
     platform::ShowInFront(*this);
 }
 
@@ -142,11 +140,14 @@ void frDXSpottFörval::InitieraCheckBoxes() {
 void frDXSpottFörval::InitieraComboBox() {
     cmbljud->clear();
     for (int i = 1; i <= antalLjud; ++i) cmbljud->addItem(QStringLiteral("Ljud %1").arg(i));
-    cmbljud->setCurrentIndex(
-        cmbljud->findText(QStringLiteral("Ljud %1").arg(platform::Val(SpotFörval.SpotLjudFil))));
+    // The file may have been written by hand; a number of some digits is all that can name an entry.
+    constexpr qsizetype siffror = 4;
+    const double nummer = platform::Val(SpotFörval.SpotLjudFil.left(siffror));
+    cmbljud->setCurrentIndex(cmbljud->findText(QStringLiteral("Ljud %1").arg(nummer)));
 }
 
 QString frDXSpottFörval::ValdLjudfil() const {
+    if (cmbljud->currentIndex() < 0) return SpotFörval.SpotLjudFil;
     return cmbljud->currentText().remove(QStringLiteral("Ljud ")) + QStringLiteral(".wav");
 }
 

@@ -21,8 +21,7 @@ public:
     QPushButton *Command1, *cmdSpara, *cmdAvbryt;
 
     void Visa();
-    /// Reads the file. One that cannot be read shows its message, and everything is wanted; one that is
-    /// missing says nothing.
+    /// Reads the file. If it cannot be read, its message comes and everything is wanted.
     void LäsDXSpottFörvalIni();
     /// Writes the file. A failure shows its message.
     void SparaDXSpottFörvalIni();
@@ -34,6 +33,8 @@ public:
     void Command1_Click();
 
 private:
+    /// Everything that stands in the file, or is wanted as long as there is none, into the window.
+    void Ladda();
     /// File name of the sound that the list shows.
     QString ValdLjudfil() const;
     QWidget* ByggVal(const QString& rubrik, const char* namn, std::span<QCheckBox*> rutor,

@@ -18,6 +18,14 @@ using platform::Named;
 
 namespace {
 
+/// @throws platform::Failure if the empty store cannot take the place of the full one
+void PrövaTomLogg() {
+    platform::Connection anslutning;
+    anslutning.Open(platform::DataPath(QStringLiteral("DXS")));
+    platform::Recordset markör;
+    markör.Open(QStringLiteral("DXSpottLogg"), anslutning);
+}
+
 /// A store that could not be emptied is to go on storing.
 void FörsökÖppna() {
     try {
@@ -44,14 +52,9 @@ frDXSpottLogg::frDXSpottLogg()
     txtSumma->setReadOnly(true);
     txtSumma->TabStop(false);
     txtSumma->setMaximumWidth(90);
-    const auto knapp = [](const char* namn, const char* text) {
-        auto* ny = Named(new QPushButton(QString::fromUtf8(text)), namn);
-        ny->setAutoDefault(false);
-        return ny;
-    };
-    cmdSök = knapp("cmdSök", "Sök");
-    cmdTömLogg = knapp("cmdTömLogg", "Töm Logg");
-    cmdAvbryt = knapp("cmdAvbryt", "Avbryt");
+    cmdSök = platform::NewButton("cmdSök", QStringLiteral("Sök"));
+    cmdTömLogg = platform::NewButton("cmdTömLogg", QStringLiteral("Töm Logg"));
+    cmdAvbryt = platform::NewButton("cmdAvbryt", QStringLiteral("Avbryt"));
     cmdSök->setDefault(true);
 
     auto* rad = new QHBoxLayout;
@@ -75,7 +78,13 @@ frDXSpottLogg::frDXSpottLogg()
     connect(cmdSök, &QPushButton::clicked, this, [this] { cmdSök_Click(); });
     connect(cmdAvbryt, &QPushButton::clicked, this, [this] { cmdAvbryt_Click(); });
     connect(cmdTömLogg, &QPushButton::clicked, this, [this] { TömDXSpottLogg(); });
-    connect(dgDXspottLogg, &QTableView::doubleClicked, this, [this] { dgDXspottLogg_DblClick(); });
+    connect(dgDXspottLogg, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
+        // A spot that came between the two clicks has taken the cursor along.
+        platform::Recordset& logg = db().rsDXSpottLogg;
+        if (logg.IsOpen() && cell.row() < logg.RecordCount()) logg.AbsolutePosition(cell.row());
+        dgDXspottLogg_DblClick();
+    });
+    dgDXspottLogg->OnRefresh([this] { VisaAntal(); });
 }
 
 frDXSpottLogg& frDXSpottLogg::instans() { return platform::SingleWindow<frDXSpottLogg>::get(); }
@@ -120,6 +129,7 @@ void frDXSpottLogg::TömDXSpottLogg() {
     const bool varÖppen = d.rsDXSpottLogg.IsOpen();
     try {
         if (d.rsDXSpottLogg.RecordCount() == 0) return;
+        PrövaTomLogg();
         dgDXspottLogg->Unbind();
         StängSpottlogg();
         platform::CopyDatabase(platform::DataPath(QStringLiteral("DXS")),

@@ -47,8 +47,7 @@ frSändDX::frSändDX()
 frSändDX& frSändDX::instans() { return platform::SingleWindow<frSändDX>::get(); }
 
 void frSändDX::VisaModalt() {
-    for (platform::TextBox* fält : {txtSignal, txtFrekvens, txtNotering}) fält->clear();
-    txtSignal->setFocus();
+    cmdRensa_Click();
     exec();
 }
 

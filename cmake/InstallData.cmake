@@ -2,7 +2,8 @@
 #
 # Three kinds of files: what the program only reads is brought up to date, what operators' contacts and settings
 # end up in is put there once, and everything else they keep in the folders is left alone. Cluster sites come with
-# the first installation alone: one that the operator has deleted stays deleted.
+# the first installation alone: one that the operator has deleted stays deleted, as long
+# as he has kept any.
 set(sorvik_operators "^(SVD.Dat|DXSpott.Dat|Lokator.dat|Friend.dat|(Loggar|Rapport|INI|FT8|Ljud|Macrofiler|DX Telnet|DX Telenet)/.*)$")
 
 function(sorvik_install_data from to)

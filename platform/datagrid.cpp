@@ -158,6 +158,7 @@ void DataGrid::Refresh() {
     if (!source_) return;
     const QScopedValueRollback<bool> following(following_, true);
     model_->Refresh();
+    if (refreshed_) refreshed_();
     const qsizetype current = source_->IsOpen() ? source_->AbsolutePosition() : -1;
     if (current < 0) {
         selectionModel()->clear();

@@ -60,6 +60,8 @@ public:
     QString Caption(int column) const;
     /// The operator has chosen a row; it is the recordset's current one.
     void OnChoose(std::function<void()> choose) { choose_ = std::move(choose); }
+    /// The grid has been brought up to date.
+    void OnRefresh(std::function<void()> refreshed) { refreshed_ = std::move(refreshed); }
     /// Brings the grid up to date now.
     void Refresh();
 
@@ -75,6 +77,7 @@ private:
     RecordsetModel* model_;
     Recordset* source_ = nullptr;
     std::function<void()> choose_;
+    std::function<void()> refreshed_;
     bool scheduled_ = false;
     bool following_ = false;
 };

@@ -9,17 +9,13 @@ class SerialPort : public QObject {
 public:
     SerialPort(const QString& name, QObject* parent);
 
-    QString CommPort() const { return port_.portName(); }
     /// The device, "ttyUSB0" or its path.
     void CommPort(const QString& device) { port_.setPortName(device); }
-    /// @param baud bits a second; 8 data bits, no parity, one stop bit
-    void Settings(int baud) { port_.setBaudRate(baud); }
 
     bool PortOpen() const { return port_.isOpen(); }
     /// @throws Failure if the device cannot be opened
     void PortOpen(bool open);
 
-    int InputLen() const { return inputLen_; }
     /// How many characters Input takes at most; 0 for all that have come.
     void InputLen(int characters) { inputLen_ = characters; }
     /// Characters that wait, at most a few thousand: behind that the line is held up.

@@ -7,14 +7,20 @@
 #include <QPointer>
 #include <QScopeGuard>
 
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
 namespace platform {
 
 namespace {
 
 /// Some fifteen lines; a reader has done with them long before the next frame.
-constexpr qint64 kPiece = 1024;
+constexpr qsizetype kPiece = 1024;
 /// So long, in milliseconds, pieces follow one another before the event loop gets its turn.
 constexpr qint64 kTurn = 5;
+/// So long, in milliseconds, half a line waits for its rest.
+constexpr int kTail = 10;
 /// What waits here; behind it the network holds the sender up.
 constexpr qint64 kWaiting = 65536;
 
@@ -25,14 +31,18 @@ TcpSocket::TcpSocket(const QString& name, QObject* parent)
     setObjectName(name);
     socket_.setReadBufferSize(kWaiting);
     later_.setSingleShot(true);
+    tail_.setSingleShot(true);
     connect(&later_, &QTimer::timeout, this, [this] { HandOn(); });
-    connect(&socket_, &QTcpSocket::connected, this,
-            [this] { socket_.setSocketOption(QAbstractSocket::KeepAliveOption, 1); });
-    connect(&socket_, &QTcpSocket::readyRead, this, [this] { HandOn(); });
+    connect(&tail_, &QTimer::timeout, this, [this] {
+        isTailDue_ = true;
+        HandOn();
+    });
+    connect(&socket_, &QTcpSocket::connected, this, [this] { NoticeDeadLinks(); });
+    connect(&socket_, &QTcpSocket::readyRead, this, [this] { later_.start(0); });
     const auto ended = [this] {
         if (isClosing_ || isEnded_) return;
         isEnded_ = true;
-        later_.start(0); // never from within the call that asked for the connection
+        later_.start(0);
     };
     connect(&socket_, &QTcpSocket::disconnected, this, ended);
     connect(&socket_, &QTcpSocket::errorOccurred, this, ended);
@@ -46,6 +56,15 @@ void TcpSocket::Connect() {
     if (host_.isEmpty()) throw Failure(QStringLiteral("Adressen saknas."));
     if (port_ < 1 || port_ > 65535) throw Failure(QStringLiteral("Porten %1 finns inte.").arg(port_));
     socket_.connectToHost(host_, static_cast<quint16>(port_));
+}
+
+/// A cable that is pulled out sends no farewell. The system's own patience is two hours; a contest has not
+/// that long.
+void TcpSocket::NoticeDeadLinks() {
+    socket_.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+    const int descriptor = static_cast<int>(socket_.socketDescriptor());
+    for (const auto& [option, value] : {std::pair{TCP_KEEPIDLE, 60}, {TCP_KEEPINTVL, 10}, {TCP_KEEPCNT, 3}})
+        setsockopt(descriptor, IPPROTO_TCP, option, &value, sizeof value);
 }
 
 int TcpSocket::State() const {
@@ -77,20 +96,33 @@ void TcpSocket::Close() {
     socket_.abort();
     isClosing_ = false;
     isEnded_ = false;
+    isTailDue_ = false;
     later_.stop();
+    tail_.stop();
+    waiting_.clear();
     piece_.clear();
 }
 
-/// False if nothing waits.
+/// How much of what waits is due; 0 while half a line waits for its rest.
+qsizetype TcpSocket::PieceLength() {
+    const qsizetype most = qMin(waiting_.size(), kPiece);
+    const qsizetype lines = waiting_.lastIndexOf('\n', most - 1) + 1;
+    if (lines > 0) return lines;
+    if (waiting_.size() >= kPiece || isTailDue_ || isEnded_) return most;
+    if (!waiting_.isEmpty() && !tail_.isActive()) tail_.start(kTail);
+    return 0;
+}
+
+/// False if nothing is due.
 bool TcpSocket::NextPiece() {
-    if (!socket_.isOpen()) return false;
-    const QByteArray head = socket_.peek(kPiece);
-    qsizetype length = head.size();
-    if (socket_.bytesAvailable() > length) {
-        if (const qsizetype lineEnd = head.lastIndexOf('\n'); lineEnd >= 0) length = lineEnd + 1;
-    }
-    piece_ = socket_.read(length);
-    return !piece_.isEmpty();
+    if (socket_.isOpen()) waiting_ += socket_.read(kWaiting - waiting_.size());
+    const qsizetype length = PieceLength();
+    if (length == 0) return false;
+    tail_.stop();
+    isTailDue_ = false;
+    piece_ = waiting_.first(length);
+    waiting_.remove(0, length);
+    return true;
 }
 
 void TcpSocket::HandOn() {
@@ -102,11 +134,11 @@ void TcpSocket::HandOn() {
     });
     QElapsedTimer turn;
     turn.start();
-    while (turn.elapsed() < kTurn && NextPiece()) {
+    while (NextPiece()) {
         if (arrival_) arrival_();
         if (!self) return;
+        if (turn.elapsed() >= kTurn) return later_.start(0);
     }
-    if (socket_.bytesAvailable() > 0) return later_.start(0);
     if (!isEnded_) return;
     isEnded_ = false;
     if (close_) close_();

@@ -9,10 +9,13 @@ namespace platform {
 
 /// A connection to a server that sends text in the 8-bit code page.
 ///
-/// What has arrived is handed on in pieces, one call of the listener each. A piece is all that there is or,
-/// when more than a kilobyte waits, whole lines of that much; so a flood is taken as it comes without holding
-/// up the window, and is cut at line ends. A listener that lets the event loop run is not called again before
-/// it is done.
+/// What has arrived is handed on in pieces of whole lines, a kilobyte at most, one call of the listener each;
+/// so a flood is taken as it comes without holding up the window. Text that ends in the middle of a line, a
+/// prompt for instance, is handed on as it is when its rest has not come within a hundredth of a second:
+/// where the network happens to cut is no reason to cut a line in two.
+///
+/// A listener that lets the event loop run is not called again before it is done. As long as it stands in a
+/// modal window, what arrives waits.
 class TcpSocket : public QObject {
 public:
     enum : int { sckClosed = 0, sckResolvingHost = 4, sckConnecting = 6, sckConnected = 7, sckClosing = 8 };
@@ -20,7 +23,6 @@ public:
     TcpSocket(const QString& name, QObject* parent);
     ~TcpSocket() override;
 
-    QString RemoteHost() const { return host_; }
     /// A name or an address.
     void RemoteHost(const QString& host) { host_ = host; }
     int RemotePort() const { return port_; }
@@ -35,8 +37,8 @@ public:
     void SendData(const QString& text);
     /// The piece that has arrived; empty when it has been taken.
     QString GetData();
-    /// Sends what it can without waiting and closes the connection, whatever its state. No listener hears of
-    /// it.
+    /// Sends what it can without waiting and closes the connection, whatever its state. What has arrived and
+    /// not been handed on is dropped. No listener hears of it.
     void Close();
 
     void OnDataArrival(std::function<void()> arrival) { arrival_ = std::move(arrival); }
@@ -45,15 +47,20 @@ public:
     void OnClose(std::function<void()> close) { close_ = std::move(close); }
 
 private:
+    void NoticeDeadLinks();
     void HandOn();
     bool NextPiece();
+    qsizetype PieceLength();
 
     QTcpSocket socket_;
-    QTimer later_;
+    QTimer later_; ///< HandOn is due; never from within the socket's own calls
+    QTimer tail_;  ///< runs while text without a line end waits for its rest
     QString host_;
     int port_ = 0;
+    QByteArray waiting_;
     QByteArray piece_;
     bool isHandingOn_ = false;
+    bool isTailDue_ = false;
     bool isEnded_ = false; ///< by the other side; what it has sent may still wait
     bool isClosing_ = false;
     std::function<void()> arrival_;

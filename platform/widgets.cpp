@@ -161,6 +161,14 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
     if (click_ && rect().contains(event->pos())) click_();
 }
 
+// ---- QPushButton -------------------------------------------------------------------------------------
+
+QPushButton* NewButton(const char* name, const QString& text) {
+    auto* button = Named(new QPushButton(text), name);
+    button->setAutoDefault(false);
+    return button;
+}
+
 // ---- OneLineDelegate ----------------------------------------------------------------------------------
 
 QString OneLineDelegate::displayText(const QVariant& value, const QLocale&) const {
@@ -171,8 +179,8 @@ QString OneLineDelegate::displayText(const QVariant& value, const QLocale&) cons
 
 // ---- FlexGrid -----------------------------------------------------------------------------------------
 
-FlexGrid::FlexGrid(QWidget* parent)
-    : QTableWidget(parent) {
+FlexGrid::FlexGrid(Qt::Alignment alignment)
+    : alignment_(alignment) {
     horizontalHeader()->hide();
     verticalHeader()->hide();
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -191,7 +199,7 @@ void FlexGrid::Cell(int row, int column, const QString& text, const QColor& colo
     QTableWidgetItem* cell = item(row, column);
     if (!cell) {
         cell = new QTableWidgetItem;
-        cell->setTextAlignment(Qt::AlignCenter);
+        cell->setTextAlignment(alignment_);
         setItem(row, column, cell);
     }
     if (cell->text() != text) cell->setText(text);
@@ -202,7 +210,8 @@ void FlexGrid::Cell(int row, int column, const QString& text, const QColor& colo
 void FlexGrid::CopyRow(int from, int to) {
     for (int column = 0; column < columnCount(); ++column) {
         const QTableWidgetItem* cell = item(from, column);
-        Cell(to, column, Cell(from, column), cell ? cell->foreground().color() : QColor());
+        const QBrush brush = cell ? cell->foreground() : QBrush();
+        Cell(to, column, Cell(from, column), brush.style() == Qt::NoBrush ? QColor() : brush.color());
     }
 }
 

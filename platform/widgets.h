@@ -118,19 +118,26 @@ public:
 /// A small grid of texts without headers of its own: row 0 and column 0 are cells like all others.
 class FlexGrid : public QTableWidget {
 public:
-    explicit FlexGrid(QWidget* parent = nullptr);
+    /// @param alignment of all its cells
+    explicit FlexGrid(Qt::Alignment alignment = Qt::AlignCenter);
 
     /// Sets the size and empties every cell.
     void Clear(int rows, int columns);
     void Cell(int row, int column, const QString& text, const QColor& colour = {});
     QString Cell(int row, int column) const;
-    /// Texts with their colours. @pre both rows are there
+    /// Texts, and their colours where they have one. @pre both rows are there
     void CopyRow(int from, int to);
     /// Makes a row the current one.
     void Row(int row) { setCurrentCell(row, qMax(0, currentColumn())); }
     /// The current row; the first one under the headings as long as none is.
     int Row() const { return currentRow() < 0 ? 1 : currentRow(); }
+
+private:
+    Qt::Alignment alignment_;
 };
+
+/// A button that Enter presses only if it is made the window's default.
+QPushButton* NewButton(const char* name, const QString& text);
 
 /// Gives a widget the name by which tests and tools find it.
 template <class W>

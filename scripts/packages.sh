@@ -6,7 +6,7 @@ packages_build="g++ cmake ninja-build ccache qt6-base-dev qt6-base-dev-tools lib
 packages_run="libqt6widgets6 libqt6network6 libqt6serialport6 libqt6multimedia6 qt6-qpa-plugins libsqlite3-0 fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev"
 packages_tour="xvfb xdotool openbox imagemagick python3"
-packages_check="clang clang-format clang-tidy shellcheck"
+packages_check="clang libclang-rt-14-dev clang-format clang-tidy shellcheck"
 
 # need_packages PURPOSE...: installs those of the lists that are not there yet.
 need_packages() {

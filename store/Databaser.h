@@ -35,7 +35,7 @@ void ÖppnaDatabasar();
 /// Closes the five shared databases that are open. @throws platform::Failure
 void StängDatabasar();
 
-/// Opens the settings and reference databases that the close menu closed, and leaves open ones alone.
+/// Opens the reference, spot and settings databases that the close menu closed, and leaves open ones alone.
 /// @throws platform::Failure
 void ÅteröppnaDatabasar();
 

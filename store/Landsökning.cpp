@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "store/Databaser.h"
 #include "store/Filter.h"
+#include "store/Filtervakt.h"
 #include "store/LokatorModul.h"
 #include "store/PrefixSök.h"
 
@@ -113,6 +114,7 @@ void LäggTillKördaDXCC(QString& DXCC, QString& Trafiksätt, QString& Band) {
 
 void KollaSpotPrefix() {
     if (SpotSignal.isEmpty()) return;
+    const store::Filtervakt landPåFormuläret(db().rsPrefix);
     SpotPrefix = HittaPrefix(SpotSignal) ? Prefixfält("Prefix") : QStringLiteral("?");
 }
 
