@@ -244,15 +244,20 @@ public:
         return true;
     }
     double Andel(double del) {
-        if (tider.empty()) return 0;
-        std::sort(tider.begin(), tider.end());
-        return tider[static_cast<size_t>(del * static_cast<double>(tider.size() - 1))];
+        std::vector<double> räknade(tider.begin() + static_cast<std::ptrdiff_t>(börjar_), tider.end());
+        if (räknade.empty()) return 0;
+        std::sort(räknade.begin(), räknade.end());
+        return räknade[static_cast<size_t>(del * static_cast<double>(räknade.size() - 1))];
     }
+
+    /// What has been measured so far does not count: the first key of all has fonts and lists to load.
+    void Glöm() { börjar_ = tider.size(); }
 
     std::vector<double> tider; ///< milliseconds
 
 private:
     QWidget* fält_;
+    size_t börjar_ = 0;
     QElapsedTimer klocka_;
     std::mutex vakt_;
     std::vector<qint64> tryckta_;
@@ -275,6 +280,8 @@ void Spots(benchmark::State& läge) {
     Program program(lagrade);
     qint64 nummer = 1000000;
     Operatör operatör(frTest::instans().txtSignal);
+    QTest::qWait(500);
+    operatör.Glöm();
     for (auto _ : läge) {
         program.server.Sänd(nummer, omgång);
         nummer += omgång;

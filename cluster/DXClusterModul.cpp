@@ -17,6 +17,8 @@
 
 namespace {
 
+const QString tidsordning = QStringLiteral("Datum, Tid");
+
 /// Does one step. A step that fails changes nothing more, and the next one goes on from there: text from the
 /// network must not end the program.
 template <class Steg>
@@ -57,8 +59,9 @@ bool ÄrUpprepad() {
 }
 
 /// One announcement of the text.
+/// @param senasteRad becomes the row that it has been given, whether or not it is shown there
 /// @return false if there is none left, or if the one that was shown had no line end
-bool TaNästaSpott(cluster::Arbetstext& arbete) {
+bool TaNästaSpott(cluster::Arbetstext& arbete, std::optional<int>& senasteRad) {
     RensaSpotFält();
     SpotAvvisad = false;
     cluster::Annons annons;
@@ -76,9 +79,9 @@ bool TaNästaSpott(cluster::Arbetstext& arbete) {
     }
     if (SpotSignal.isEmpty()) return true;
     frDXSpott& f = frDXSpott::instans();
-    f.VisaPlats(SpotRad);
+    f.GePlats(SpotRad);
+    senasteRad = SpotRad;
     Prova([] { KollaSpotPrefix(); });
-    f.fgDXSpott->Row(SpotRad);
     Prova([] { TaUtBandTrafiksätt(SpotFrekvensTal()); });
     Prova([] { KollaSpotLand(); });
     if (SpotAvvisad) return true;
@@ -100,10 +103,26 @@ void TolkaDXClusterData() {
     if (kluster.ClusterTyp == 0) text = LäsModem();
     if (kluster.ClusterTyp == 1) text = kluster.ClusterBuffert;
     cluster::Arbetstext arbete(text);
+    std::optional<int> senasteRad;
     bool fler = true;
-    while (fler && !arbete.Kvar().isEmpty()) fler = TaNästaSpott(arbete);
+    while (fler && !arbete.Kvar().isEmpty()) fler = TaNästaSpott(arbete, senasteRad);
+    // Once for all of them: each change of the current row has the grid laid out anew.
+    if (senasteRad) frDXSpott::instans().VisaSenaste(qMin(*senasteRad, SpotRad));
     if (platform::SingleWindow<frDXCluster>::exists()) frDXCluster::instans().KortaText();
     kluster.ClusterBuffert.clear();
+}
+
+void FörberedSpottlogg() {
+    platform::Recordset& logg = db().rsDXSpottLogg;
+    if (!logg.IsOpen()) return;
+    const QString ordning = logg.Sort();
+    logg.Filter(cluster::UpprepningsFilter({}, {}, {}, {}));
+    logg.RecordCount();
+    logg.Filter(QString());
+    logg.Sort(tidsordning);
+    if (!logg.IsEOF()) logg.MoveLast();
+    logg.Sort(ordning);
+    if (!logg.IsEOF()) logg.MoveLast();
 }
 
 void RensaSpotFält() {
@@ -137,7 +156,7 @@ void SparaDXSpott() {
         if (logg.IsOpen()) logg.CancelUpdate();
         throw;
     }
-    logg.Sort(QStringLiteral("Datum, Tid"));
+    logg.Sort(tidsordning);
     if (!logg.IsEOF()) logg.MoveLast();
 }
 

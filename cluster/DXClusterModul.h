@@ -22,6 +22,10 @@ inline cluster::Spottförval SpotFörval;
 /// A line that the network has cut in two is not joined again.
 void TolkaDXClusterData();
 
+/// Has the store build what the search for repeats needs, so that the first spot of the evening does not wait
+/// for it on a store of many.
+void FörberedSpottlogg();
+
 /// Empties the texts of the spot at hand.
 void RensaSpotFält();
 

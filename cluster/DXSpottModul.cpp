@@ -1,5 +1,6 @@
 #include "cluster/DXSpottModul.h"
 
+#include "cluster/DXClusterModul.h"
 #include "cluster/frAnslut.h"
 #include "cluster/frDXCluster.h"
 #include "cluster/frDXSpott.h"
@@ -37,6 +38,7 @@ void InitieraDXCluster() {
         f.WinsockSVK->RemoteHost(kluster.DXVärdAdress);
         f.WinsockSVK->RemotePort(kluster.DXVärdPort);
         f.WinsockSVK->Connect();
+        FörberedSpottlogg();
         f.TimerDXCluster->Interval(frDXCluster::pollning);
         kluster.ClusterLäser = true;
         kluster.ClusterAnsluten = true;

@@ -109,10 +109,14 @@ void frDXSpott::Initiera_Fönster() {
     platform::MoveOntoScreen(*this, {0, Twips(380)});
 }
 
-void frDXSpott::VisaPlats(int rad) {
-    constexpr int iSikte = 11;
+void frDXSpott::GePlats(int rad) {
     constexpr int rymsAlltid = 13;
     if (rad > rymsAlltid) fgDXSpott->setRowCount(rad + 1);
+}
+
+void frDXSpott::VisaSenaste(int rad) {
+    constexpr int iSikte = 11;
+    fgDXSpott->Row(rad);
     if (rad - iSikte > 0) fgDXSpott->verticalScrollBar()->setValue(rad - iSikte - 1);
 }
 

@@ -22,8 +22,10 @@ public:
 
     void Visa();
     void Initiera_Fönster();
-    /// Makes room for a row and keeps the last twelve in view.
-    void VisaPlats(int rad);
+    /// Makes room for a row.
+    void GePlats(int rad);
+    /// Makes a row the current one and keeps it and the eleven before it in view.
+    void VisaSenaste(int rad);
     void SkrivRad(int rad, const std::array<QString, kolumner>& texter);
     /// Carries the spot of the current row to the entry form.
     void fgDXSpott_DblClick();

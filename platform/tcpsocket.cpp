@@ -15,8 +15,8 @@ namespace platform {
 
 namespace {
 
-/// Some fifteen lines; a reader has done with them long before the next frame.
-constexpr qsizetype kPiece = 1024;
+/// Some thirty lines; a reader has done with them long before the next frame.
+constexpr qsizetype kPiece = 2048;
 /// So long, in milliseconds, pieces follow one another before the event loop gets its turn.
 constexpr qint64 kTurn = 5;
 /// So long, in milliseconds, half a line waits for its rest.

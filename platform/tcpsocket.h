@@ -9,10 +9,10 @@ namespace platform {
 
 /// A connection to a server that sends text in the 8-bit code page.
 ///
-/// What has arrived is handed on in pieces of whole lines, a kilobyte at most, one call of the listener each;
-/// so a flood is taken as it comes without holding up the window. Text that ends in the middle of a line, a
-/// prompt for instance, is handed on as it is when its rest has not come within a hundredth of a second:
-/// where the network happens to cut is no reason to cut a line in two.
+/// What has arrived is handed on in pieces of whole lines, two kilobytes at most, one call of the listener
+/// each; so a flood is taken as it comes without holding up the window. Text that ends in the middle of a
+/// line, a prompt for instance, is handed on as it is when its rest has not come within a hundredth of a
+/// second: where the network happens to cut is no reason to cut a line in two.
 ///
 /// A listener that lets the event loop run is not called again before it is done. As long as it stands in a
 /// modal window, what arrives waits.

@@ -133,7 +133,7 @@ TEST_F(TcpProv, CutsAFloodAtLineEnds) {
     EXPECT_TRUE(delar.last().endsWith("login: "));
     qsizetype kapade = 0;
     for (const QString& del : delar) {
-        EXPECT_LE(del.size(), 1024);
+        EXPECT_LE(del.size(), 2048);
         if (!del.endsWith("\r\n")) ++kapade;
     }
     // Only where the network itself has cut; on the loopback that is every 64 kilobytes or so.
@@ -144,7 +144,7 @@ TEST_F(TcpProv, TakesALineThatNeverEndsInPieces) {
     QTcpSocket* peer = Anslut();
     peer->write(QByteArray(1000000, 'x'));
     ASSERT_TRUE(Kommer(1000000));
-    for (const QString& del : delar) EXPECT_LE(del.size(), 1024);
+    for (const QString& del : delar) EXPECT_LE(del.size(), 2048);
 }
 
 TEST_F(TcpProv, DoesNotCallAListenerThatIsStillAtWork) {
@@ -160,7 +160,7 @@ TEST_F(TcpProv, DoesNotCallAListenerThatIsStillAtWork) {
     for (int i = 0; i < 100; ++i) peer->write(QByteArray(99, 'x') + '\n');
     ASSERT_TRUE(Kommer(10000));
     EXPECT_EQ(djupast, 1);
-    EXPECT_GT(delar.size(), 9);
+    EXPECT_GT(delar.size(), 4);
 }
 
 TEST_F(TcpProv, MayBeClosedByItsListener) {
