@@ -304,6 +304,70 @@ TEST_F(TolkProv, HostileTextNeitherEndsNorHangsTheProgram) {
     EXPECT_EQ(Spottrad(SpotRad - 1)[1], "SM5XYZ");
 }
 
+TEST_F(TolkProv, ADecimalCommaIsReadAsIfItWereNotThere) {
+    StartaLogg(1);
+    Ta(Rad("XX9BB", "14025,5"));
+    EXPECT_EQ(Spottrad(1), (QStringList{"XX9AA", "XX9BB", "140,25,,50", "CW", "", "20"}));
+}
+
+TEST_F(TolkProv, AnApostropheInTheFrequencyMakesTheRepeatTestFailAsWell) {
+    StartaLogg(1);
+    Ta(Rad("XX9BB", "70'5.0"));
+    EXPECT_EQ(Spottrad(1)[2], "7,0'5,00");
+    Ta(Rad("XX9CC", "70'6.0"));
+    EXPECT_EQ(AntalLagrade(), 1);
+}
+
+TEST_F(TolkProv, AnApostropheIsHeldAgainstWhatASearchShows) {
+    StartaLogg(1);
+    Ta(Rad("XX9BB"));
+    db().rsDXSpottLogg.Filter("Signal = 'QQ'");
+    Ta(Rad("XX9'B"));
+    EXPECT_EQ(AntalLagrade(), 2) << "the search shows no spot";
+    EXPECT_EQ(db().rsDXSpottLogg.Filter(), "");
+}
+
+TEST_F(TolkProv, ACallInSmallLettersHasItsCountryAndRepeatsTheOneInCapitals) {
+    StartaLogg(1);
+    Ta("dx de xx3cc-#:    7003.0  sm5abc       cw 8 db 28 wpm cq              1801z\r\n");
+    EXPECT_EQ(LäsEtt(Fil("DXSpott.Dat"), "SELECT Prefix FROM DXSpottLogg"), "SM5");
+    EXPECT_EQ(Spottrad(1)[1], "sm5abc");
+    Ta(Rad("SM5ABC", "7003.0"));
+    EXPECT_EQ(AntalLagrade(), 1);
+}
+
+TEST_F(TolkProv, EachSpotBeginsWithEmptyFields) {
+    StartaLogg(1);
+    Ta(Rad("SM5ABC"));
+    Ta("DX de XX9AA:   14026.5  XX9BB   big si");
+    EXPECT_EQ(LäsEtt(Fil("DXSpott.Dat"), "SELECT [Spott Tid] FROM DXSpottLogg WHERE Signal = 'XX9BB'"), "");
+    Ta(Rad("SM5ABC", "14027.5"));
+    Ändra(Fil("DXSpott.Dat"), "DELETE FROM DXSpottLogg");
+    db().rsDXSpottLogg.Requery();
+    Ta(Rad("XX9'B"));
+    EXPECT_EQ(LäsEtt(Fil("DXSpott.Dat"), "SELECT Prefix FROM DXSpottLogg"), "") << "not the country before";
+}
+
+TEST_F(TolkProv, ACallOfManyCharactersIsSearchedByItsBeginning) {
+    StartaLogg(1);
+    Ta(Rad("SM5" + QString(300, u'A')));
+    EXPECT_EQ(LäsEtt(Fil("DXSpott.Dat"), "SELECT Prefix FROM DXSpottLogg"), "SM5");
+}
+
+TEST_F(TolkProv, TheCountryOfTheCallOnTheFormIsNotLostToThatOfASpot) {
+    frTest& f = StartaLogg(1);
+    SkrivI(f.txtSignal, "sm5abc");
+    f.txtDiplom->setFocus();
+    Skriv("jo");
+    const QString riktning = f.lblRiktning->text();
+    const QString avstånd = f.lblAvstånd->text();
+    Ta(Rad("VK9NT") + Rad("QQQQ", "14026.5") + Rad("JA1ABC", "14027.5"));
+    EXPECT_EQ(db().rsPrefix.Field("Prefix").text(), "SM5");
+    f.txtNotering->setFocus(); // leaving the locator takes the country's own from that row
+    EXPECT_EQ(f.lblRiktning->text(), riktning);
+    EXPECT_EQ(f.lblAvstånd->text(), avstånd);
+}
+
 // ---- the grid -----------------------------------------------------------------------------------------
 
 TEST_F(TolkProv, TheGridHasItsHeadingsInRowZero) {
@@ -348,6 +412,10 @@ TEST_F(TolkProv, AFullGridLosesItsFirstElevenSpots) {
     for (int rad = 1; rad <= 29; ++rad)
         EXPECT_EQ(Spottrad(rad)[1], QStringLiteral("XX9A%1").arg(rad + 11)) << rad;
     EXPECT_EQ(Rutnät().item(4, 1)->foreground(), QBrush(Qt::red)) << "the colour moves along";
+    EXPECT_EQ(Spottrad(1), (QStringList{"XX9AA", "XX9A12", "14,025,50", "CW", "", "20"}));
+    EXPECT_EQ(Spottrad(29), (QStringList{"XX9AA", "XX9A40", "14,025,50", "CW", "", "20"}));
+    EXPECT_EQ(Spottrad(30)[1], "XX9A30") << "the row behind them is not touched";
+    EXPECT_EQ(Rutnät().item(5, 1)->foreground(), QBrush()) << "and what has no colour gets none";
     EXPECT_EQ(AntalLagrade(), 41);
     Ta(Rad("XX9A42"));
     EXPECT_EQ(Spottrad(31)[1], "XX9A42");
@@ -366,6 +434,42 @@ TEST_F(TolkProv, TheNewestSpotIsAlwaysInSight) {
         const QRect plats = f.fgDXSpott->visualItemRect(f.fgDXSpott->item(rad, 1));
         EXPECT_TRUE(f.fgDXSpott->viewport()->rect().contains(plats.center())) << i;
     }
+}
+
+TEST_F(TolkProv, TheLastTwelveRowsAreInSightAlsoAfterALookFurtherUp) {
+    StartaLogg(1);
+    frDXSpott& f = frDXSpott::instans();
+    f.Visa();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&f));
+    QString allt;
+    for (int i = 1; i <= 30; ++i) allt += Rad(QStringLiteral("XX9A%1").arg(i));
+    Ta(allt);
+    f.fgDXSpott->scrollToTop();
+    Ta(Rad("XX9B"));
+    QCoreApplication::processEvents();
+    for (const int rad : {SpotRad - 12, SpotRad - 1}) {
+        const QRect plats = f.fgDXSpott->visualItemRect(f.fgDXSpott->item(rad, 1));
+        EXPECT_TRUE(f.fgDXSpott->viewport()->rect().contains(plats.center())) << rad;
+    }
+}
+
+TEST_F(TolkProv, AGridMadeAnewGoesOnWhereTheOldOneStood) {
+    StartaLogg(1);
+    for (int i = 1; i <= 19; ++i) Ta(Rad(QStringLiteral("XX9A%1").arg(i)));
+    frDXSpott::instans().Visa();
+    frDXSpott::instans().close();
+    Ta(Rad("XX9B"));
+    EXPECT_EQ(Spottrad(20)[1], "XX9B");
+    EXPECT_EQ(Spottrad(19)[1], "");
+    for (int i = 21; i <= 41; ++i) Ta(Rad(QStringLiteral("XX9C%1").arg(i)));
+    EXPECT_EQ(Spottrad(9)[1], "XX9B");
+    EXPECT_EQ(Rutnät().item(9, 1)->textAlignment(), Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+TEST_F(TolkProv, TheColumnsAreWideEnough) {
+    StartaLogg(1);
+    const int twips[] = {1275, 1275, 1025, 900};
+    for (int i = 0; i < 4; ++i) EXPECT_GE(Rutnät().columnWidth(i), twips[i] / 15) << i;
 }
 
 TEST_F(TolkProv, TheGridBeginsEmptyAndTheStoreLasts) {

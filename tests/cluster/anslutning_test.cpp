@@ -6,9 +6,11 @@
 #include "cluster/frAnslutEditor.h"
 #include "cluster/frSändDX.h"
 #include "platform/textfile.h"
+#include "platform/windows.h"
 
 #include <QDir>
 #include <QFile>
+#include <QScreen>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -110,6 +112,37 @@ TEST_F(AnslutProv, ASiteThatCannotBeAskedForGivesItsMessage) {
     EXPECT_FALSE(kluster.ClusterLäser);
 }
 
+TEST_F(AnslutProv, TheWindowsComeUpAlsoWhenTheConnectionCannotBeAskedFor) {
+    StartaMedSite();
+    SkrivSite("DX Telnet", "Prov", "Provklustret", 0);
+    NärFönster("frAnslut", [](QWidget*) {
+        frAnslut::instans().fgAnslut->Row(1);
+        frAnslut::instans().cmdAnslut->click();
+    });
+    DXTele_Connect();
+    EXPECT_EQ(Tag().titel, "InitieraDXCluster");
+    EXPECT_TRUE(frDXSpott::instans().isVisible());
+    EXPECT_TRUE(Fönster().isVisible());
+}
+
+// Where the windows stand shows on a screen with room for them; elsewhere they stay whole.
+TEST_F(AnslutProv, TheWindowsStandWhereTheyHaveRoom) {
+    const bool storSkärm = qEnvironmentVariableIsSet("SORVIK_STORSKARM");
+    frTest& f = StartaMedSite();
+    const QRect skärm = f.screen()->availableGeometry();
+    f.move(10, f.y());
+    frAnslut::instans().Initiera_fgAnslut();
+    frAnslut::instans().fgAnslut->Row(1);
+    frAnslut::instans().fgAnslut_DblClick();
+    EXPECT_EQ(f.x(), 10) << "a double click moves nothing";
+    frAnslut::instans().cmdAnslut->click();
+    EXPECT_EQ(f.x(), storSkärm ? 332 : qMax(0, qMin(332, skärm.right() - f.width())));
+    const QRect kluster_ = Fönster().geometry();
+    EXPECT_EQ(kluster_.size(), QSize(679, 239));
+    EXPECT_EQ(kluster_.topLeft(),
+              storSkärm ? QPoint(533, 600) : QPoint(skärm.right() - 679, skärm.bottom() - 239));
+}
+
 TEST_F(AnslutProv, ConnectWithALinkUpStopsSilently) {
     frTest& f = StartaMedSite();
     QTcpSocket* gäst = Anslut();
@@ -198,16 +231,22 @@ TEST_F(AnslutProv, TheSpotWindowMayBeClosedWhileTextIsTaken) {
     StartaMedSite();
     QTcpSocket* gäst = Anslut();
     ASSERT_NE(gäst, nullptr);
-    // The event runs where the reading of the text lets events run.
-    bool stängt = false;
-    for (int i = 0; i < 40; ++i) gäst->write(Rad(QStringLiteral("XX9A%1").arg(i)).toLatin1());
-    QTimer::singleShot(0, [&stängt] {
+    gäst->write(Rad("XX9BB").toLatin1());
+    // The text stands in the window before events run and is taken apart after them: this closes in between.
+    bool emellan = false;
+    QTimer ögonblick;
+    QObject::connect(&ögonblick, &QTimer::timeout, &ögonblick, [&emellan] {
+        if (emellan || !kluster.ClusterBuffert.contains("XX9BB")) return;
         frDXSpott::instans().close();
-        stängt = true;
+        emellan = true;
     });
-    ASSERT_TRUE(QTest::qWaitFor([&] { return stängt; }));
+    ögonblick.start(0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return emellan; }));
     QTest::qWait(30);
     EXPECT_FALSE(kluster.ClusterAnsluten);
+    EXPECT_EQ(AntalLagrade(), 0) << "what a link sent that is gone is not taken";
+    EXPECT_FALSE(platform::SingleWindow<frDXSpott>::exists());
+    EXPECT_FALSE(platform::SingleWindow<frDXCluster>::exists());
 }
 
 TEST_F(AnslutProv, ClosingTheClusterWindowOnlyHidesIt) {
@@ -306,7 +345,7 @@ TEST_F(AnslutProv, TrafficCutAtEveryByteNeverHangsAndKeepsTheScreenWhole) {
     const QByteArray trafik = "hej> DX de XX1AAA:     14025.5  XX2BB   up 2 åäö  1333Z\a\a\r\n";
     QString väntat;
     for (qsizetype kapad = 0; kapad <= trafik.size(); ++kapad) {
-        const QString skärm = Text();
+        väntat += QString::fromLatin1(trafik).remove('\a').remove('\r');
         for (const QByteArray& del : {trafik.left(kapad), trafik.mid(kapad)}) {
             if (del.isEmpty()) continue;
             const QString före = Text();
@@ -319,7 +358,7 @@ TEST_F(AnslutProv, TrafficCutAtEveryByteNeverHangsAndKeepsTheScreenWhole) {
         }
         nu = nu.addSecs(60);
     }
-    EXPECT_TRUE(Text().endsWith("1333Z\n"));
+    EXPECT_EQ(Text(), väntat);
     // Cut in front of the announcement or behind its line end, it is whole.
     const QString hel =
         "SELECT count(*) FROM DXSpottLogg WHERE Signal='XX2BB' AND Frekvens='14,025,50' AND Notering='up 2 "
@@ -333,9 +372,41 @@ TEST_F(AnslutProv, TrafficCutAtEveryByteNeverHangsAndKeepsTheScreenWhole) {
 
 TEST_F(AnslutProv, NothingIsReadBeforeTheFirstConnection) {
     StartaMedSite();
-    kluster.ClusterAnsluten = true;
-    Fönster().TimerDXCluster->Tick();
+    QTcpSocket* gäst = Anslut();
+    ASSERT_NE(gäst, nullptr);
+    kluster.ClusterLäser = false;
+    gäst->write("login: ");
+    QTest::qWait(50);
     EXPECT_EQ(Text(), "");
+    EXPECT_EQ(gäst->readAll(), "");
+}
+
+TEST_F(AnslutProv, TheCaretGoesToTheEndOfTheWindowTextFirst) {
+    StartaMedSite();
+    QTcpSocket* gäst = Anslut();
+    ASSERT_NE(gäst, nullptr);
+    QPlainTextEdit& text = *Fönster().txtMSCom;
+    ASSERT_TRUE(Sänd(gäst, "ett\r\n", "ett\n"));
+    text.moveCursor(QTextCursor::Start);
+    ASSERT_TRUE(Sänd(gäst, "tre\r\n", "ett\ntre\n"));
+    text.moveCursor(QTextCursor::Start);
+    KopplaFrånDXCluster();
+    EXPECT_EQ(Text(), "ett\ntre\n*** DISCONNECTED\n");
+    text.moveCursor(QTextCursor::Start);
+    gäst = Anslut();
+    ASSERT_NE(gäst, nullptr);
+    gäst->disconnectFromHost();
+    EXPECT_TRUE(
+        QTest::qWaitFor([] { return Text() == "ett\ntre\n*** DISCONNECTED\n*** DISCONNECTED ***"; }, 3000));
+}
+
+TEST_F(AnslutProv, DisconnectWritesItsLineAlsoWithNoLink) {
+    StartaMedSite();
+    kluster.ClusterTyp = 1;
+    kluster.ClusterAnsluten = true;
+    KopplaFrånDXCluster();
+    EXPECT_EQ(Text(), "*** DISCONNECTED\n");
+    EXPECT_FALSE(kluster.ClusterAnsluten);
 }
 
 // ---- sending a line -----------------------------------------------------------------------------------
@@ -394,8 +465,15 @@ TEST_F(AnslutProv, ASerialModemIsPolledByTheTimerAndSentTo) {
     const QByteArray rad = Rad("XX9BB").toLatin1();
     ASSERT_EQ(write(ände, rad.constData(), static_cast<size_t>(rad.size())), rad.size());
     ASSERT_TRUE(QTest::qWaitFor([&] { return f.mscCluster->InBufferCount() == rad.size(); }));
+    f.mscCluster->InputLen(3); // of an earlier use
+    kluster.ClusterAnsluten = false;
     f.TimerDXCluster->Tick();
-    EXPECT_TRUE(Text().contains("XX9BB"));
+    EXPECT_EQ(Text(), "") << "nothing is polled without a connection";
+    kluster.ClusterAnsluten = true;
+    f.txtMSCom->setPlainText("före\n");
+    f.txtMSCom->moveCursor(QTextCursor::Start);
+    f.TimerDXCluster->Tick();
+    EXPECT_TRUE(Text().startsWith(T("före\nDX de XX9AA")));
     EXPECT_EQ(Spottrad(1)[1], "XX9BB");
     f.txtCMD->setText("HEJ");
     f.cmdEnter->click();
@@ -451,6 +529,7 @@ TEST_F(AnslutProv, TheListHasAHeadingAndTheSitesOfTheFirstFolder) {
     EXPECT_EQ(f.windowTitle(), "Anslut Till");
     ASSERT_EQ(f.fgAnslut->rowCount(), 3);
     EXPECT_EQ(f.fgAnslut->Cell(0, 0), "DX-Telnet Cluster");
+    EXPECT_EQ(f.fgAnslut->item(0, 0)->background(), f.palette().button());
     EXPECT_EQ(f.fgAnslut->Cell(1, 0), "andra");
     EXPECT_EQ(f.fgAnslut->Cell(2, 0), "Prov");
 }
@@ -528,6 +607,22 @@ TEST_F(AnslutProv, StängAndEscapeCloseWithoutAChoiceAndEndALinkThatIsUp) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return gäst->state() == QAbstractSocket::UnconnectedState; }));
 }
 
+TEST_F(AnslutProv, ASiteWhoseNameEndsLikeItsFileIsItsOwn) {
+    StartaMedSite();
+    SkrivSite("DX Telnet", "Prov.dxt", "Dubbel", 2);
+    frAnslut& f = frAnslut::instans();
+    f.Initiera_fgAnslut();
+    ASSERT_EQ(f.fgAnslut->Cell(2, 0), "Prov.dxt");
+    f.fgAnslut->Row(2);
+    f.cmdAnslut->click();
+    EXPECT_EQ(kluster.DXVärdNamn, "Dubbel");
+    f.Initiera_fgAnslut();
+    f.fgAnslut->Row(2);
+    f.cmdTaBort->click();
+    EXPECT_TRUE(QFile::exists(Fil("DX Telnet/Prov.dxt")));
+    EXPECT_FALSE(QFile::exists(Fil("DX Telnet/Prov.dxt.dxt")));
+}
+
 TEST_F(AnslutProv, TaBortDeletesInTheFirstFolderWithoutAQuestion) {
     StartaMedSite();
     frAnslut& f = frAnslut::instans();
@@ -587,6 +682,46 @@ TEST_F(AnslutProv, ÄndraShowsTheChosenSiteAndReplacesItsFile) {
     });
     f.cmdÄndra->click();
     EXPECT_EQ(platform::LoadTextFile(Fil("DX Telenet/Prov.dxt")), "\"Ny\"\r\n\"127.0.0.1\"\r\n23\r\n 0 \r\n");
+}
+
+TEST_F(AnslutProv, NyBeginsEmptyAfterÄndra) {
+    StartaMedSite();
+    platform::SaveTextFile(Fil("DX Telenet/Prov.dxt"), "\"Gammal\"\r\n\"127.0.0.1\"\r\n23\r\n 1 \r\n");
+    frAnslut& f = frAnslut::instans();
+    f.Initiera_fgAnslut();
+    f.fgAnslut->Row(1);
+    NärFönster("frAnslutEditor", [](QWidget* fönster) {
+        EXPECT_TRUE(static_cast<frAnslutEditor&>(*fönster).optServer[1]->isChecked());
+        fönster->close();
+    });
+    f.cmdÄndra->click();
+    NärFönster("frAnslutEditor", [](QWidget* fönster) {
+        auto& e = static_cast<frAnslutEditor&>(*fönster);
+        for (const platform::TextBox* fält : {e.txtFilNamn, e.txtVärdNamn, e.txtVärdAdress, e.txtPortadress})
+            EXPECT_EQ(fält->text(), "");
+        EXPECT_TRUE(e.optServer[0]->isChecked());
+        fönster->close();
+    });
+    f.cmdNy->click();
+}
+
+TEST_F(AnslutProv, ASiteOfTheFirstFolderAloneCanBeMadeForTheSecond) {
+    StartaMedSite();
+    QFile::remove(Fil("DX Telenet/Prov.dxt"));
+    frAnslut& f = frAnslut::instans();
+    f.Initiera_fgAnslut();
+    f.fgAnslut->Row(1);
+    NärFönster("frAnslutEditor", [](QWidget* fönster) {
+        auto& e = static_cast<frAnslutEditor&>(*fönster);
+        EXPECT_EQ(e.txtFilNamn->text(), "Prov");
+        e.txtVärdNamn->setText("Ny");
+        e.txtVärdAdress->setText("127.0.0.1");
+        e.txtPortadress->setText("23");
+        e.cmdSpara->click();
+    });
+    f.cmdÄndra->click();
+    EXPECT_EQ(Tag().titel, T("Läs DX-Telnet"));
+    EXPECT_TRUE(QFile::exists(Fil("DX Telenet/Prov.dxt")));
 }
 
 TEST_F(AnslutProv, ÄndraOfTheHeadingGivesTheReadingsMessage) {
@@ -666,7 +801,8 @@ TEST_F(AnslutProv, WithNoLinkTheSpotWindowClosesAndNothingIsSent) {
     ASSERT_TRUE(Aktivera(s));
     SkrivI(s.txtSignal, "xx9bb");
     EXPECT_EQ(s.txtSignal->text(), "XX9BB");
-    SkrivI(s.txtFrekvens, "14025,5");
+    SkrivI(s.txtFrekvens, "14025,5a");
+    EXPECT_EQ(s.txtFrekvens->text(), "14025,5a");
     s.cmdSänd->click();
     EXPECT_FALSE(s.isVisible());
     EXPECT_TRUE(HarFokus(f.txtSignal));

@@ -66,6 +66,27 @@ TEST(Spottfilter, RefusesABandOrModeThatIsOff) {
     EXPECT_FALSE(ÄrAvvisad({40, u"CW"}, förval));
 }
 
+TEST(Spottfilter, HasAChoiceForEachBand) {
+    constexpr int band[] = {160, 80, 40, 20, 15, 10, 6, 2, 70};
+    for (size_t av = 0; av < std::size(band); ++av) {
+        cluster::Spottförval förval;
+        förval.SpotBandVal[av + 1] = false;
+        for (const int prövat : band)
+            EXPECT_EQ(ÄrAvvisad({prövat, u"CW"}, förval), prövat == band[av]) << prövat;
+    }
+}
+
+TEST(Spottfilter, HasAChoiceForEachMode) {
+    constexpr QStringView trafiksätt[] = {u"CW", u"SSB", u"RTTY", u"PSK31", u"SSTV", u"AM", u"FM"};
+    for (size_t av = 0; av < std::size(trafiksätt); ++av) {
+        cluster::Spottförval förval;
+        förval.SpotTrafikVal[av + 1] = false;
+        for (const QStringView prövat : trafiksätt)
+            EXPECT_EQ(ÄrAvvisad({20, prövat}, förval), prövat == trafiksätt[av])
+                << prövat.toUtf8().constData();
+    }
+}
+
 TEST(Spottfilter, LetsTheBandsWithoutAChoicePassWithAllBandsOff) {
     cluster::Spottförval förval;
     for (bool& val : förval.SpotBandVal) val = false;

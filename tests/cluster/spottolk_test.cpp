@@ -103,6 +103,13 @@ TEST(Spottolk, ALineCutInTheCommentHasNoComment) {
         << "a carriage return alone is no line end";
 }
 
+TEST(Spottolk, ACallAtTheLineEndTakesTheNextLineAlong) {
+    EXPECT_EQ(Läs(Rad("DX de XX9AA: 7005.0 XX9BB")), (Spottar{{"XX9AA", "7,005,00", "", "XX9BB"}}))
+        << "with no blank behind it, it is no call";
+    EXPECT_EQ(Läs(Rad("DX de XX9AA: 7005.0 XX9BB") + Rad("DX de XX9CC: 7006.0 XX9DD y")),
+              (Spottar{{"XX9AA", "7,005,00", "XX9BB\r\nDX", "de XX9CC: 7006.0 XX9DD y"}}));
+}
+
 TEST(Spottolk, ALineFeedAloneIsNoLineEnd) {
     EXPECT_EQ(
         Läs("DX de XX9AA: 7005.0 XX9BB x 1234Z\nDX de XX9CC: 7006.0 XX9DD y 1234Z\n"),
@@ -233,6 +240,8 @@ TEST(Spottfrekvens, IsShapedByItsNumberOfDigits) {
     EXPECT_EQ(FormaFrekvens("144300.0"), "144,300,00");
     EXPECT_EQ(FormaFrekvens("1.2.3.4.5"), "1,234,50") << "every point goes";
 }
+
+TEST(Spottfrekvens, KeepsADecimalCommaAsACharacter) { EXPECT_EQ(FormaFrekvens("14025,5"), "140,25,,50"); }
 
 TEST(Spottfrekvens, OfAnotherLengthStaysBare) {
     EXPECT_EQ(FormaFrekvens(""), "");

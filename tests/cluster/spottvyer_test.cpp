@@ -6,6 +6,7 @@
 #include "platform/launch.h"
 #include "platform/sound.h"
 #include "platform/textfile.h"
+#include "platform/windows.h"
 #include "radio/ModuleTest.h"
 
 #include <QDir>
@@ -71,6 +72,44 @@ TEST_F(SpottvyProv, ADoubleClickCarriesTheSpotToTheEntryForm) {
     Dubbelklicka(*Levande().fgDXSpott, 2);
     EXPECT_EQ(f.txtSignal->text(), "OH2BH");
     EXPECT_EQ(f.cmbBand->Text(), "15 M");
+}
+
+TEST_F(SpottvyProv, TheSpotUnderTheMouseIsTakenAlsoWhenAnotherComesBetweenTheClicks) {
+    frTest& f = StartaLogg(9);
+    Ta(Rad("SM5ABC", "7005.0") + Rad("OH2BH", "21025.5"));
+    platform::FlexGrid& rutnät = *Levande().fgDXSpott;
+    QPoint plats = rutnät.visualItemRect(rutnät.item(1, 1)).center();
+    QTest::mouseClick(rutnät.viewport(), Qt::LeftButton, {}, plats);
+    Ta(Rad("LA1XX", "13000.0") + Rad("OZ1AA"));
+    QTest::mouseDClick(rutnät.viewport(), Qt::LeftButton, {}, plats);
+    EXPECT_EQ(f.txtSignal->text(), "SM5ABC");
+    Loggfönster().Visa();
+    ASSERT_TRUE(Aktivera(Loggfönster()));
+    platform::DataGrid& logg = *Loggfönster().dgDXspottLogg;
+    logg.Refresh();
+    plats = logg.visualRect(logg.model()->index(1, 2)).center();
+    QTest::mouseClick(logg.viewport(), Qt::LeftButton, {}, plats);
+    Ta(Rad("SK0AA"));
+    QTest::mouseDClick(logg.viewport(), Qt::LeftButton, {}, plats);
+    EXPECT_EQ(f.txtSignal->text(), "OH2BH");
+}
+
+TEST_F(SpottvyProv, AnEmptyRowEmptiesTheFormByTheMenu) {
+    frTest& f = StartaLogg(1);
+    f.txtSignal->setText("SM5ABC");
+    f.Meny("mnuDXSpot_Visa")->trigger();
+    EXPECT_EQ(f.txtSignal->text(), "");
+}
+
+TEST_F(SpottvyProv, ASpotGoesToTheFormAlsoWithNoLogOpen) {
+    frTest& f = StartaLogg(1);
+    Ta(Rad("SM5ABC", "144050.0"));
+    f.mnuArkiv_StängTestlogg_Click();
+    Levande().fgDXSpott->Row(1);
+    frDXSpott::instans().fgDXSpott_DblClick();
+    EXPECT_EQ(f.txtSignal->text(), "SM5ABC");
+    f.Meny("mnuDXSpot_Visa")->trigger();
+    EXPECT_EQ(f.txtFrekvens->text(), "144,050,00");
 }
 
 TEST_F(SpottvyProv, ModeAndBandAreSetWhereTheListsHaveThemAndOtherwiseStay) {
@@ -182,6 +221,9 @@ TEST_F(SpottvyProv, TheLogWindowShowsTheStoreAndStandsOnItsLastSpot) {
     Ta(Rad("SK0AA"));
     l.dgDXspottLogg->Refresh();
     EXPECT_EQ(l.dgDXspottLogg->model()->rowCount(), 6) << "it follows what comes in";
+    EXPECT_EQ(l.txtSumma->text(), "6");
+    EXPECT_EQ(l.cmdSök->text() + l.cmdTömLogg->text() + l.cmdAvbryt->text(), T("SökTöm LoggAvbryt"));
+    EXPECT_EQ(l.txtSökOrd->accessibleName() + l.txtSumma->accessibleName(), T("Sök DX Spot :Antal:"));
 }
 
 TEST_F(SpottvyProv, ASearchFindsAWordInSixColumns) {
@@ -274,6 +316,25 @@ TEST_F(SpottvyProv, EmptyingReplacesTheFileAndAsksNothing) {
     EXPECT_EQ(AntalLagrade(), 1);
     StartaOm();
     EXPECT_EQ(db().rsDXSpottLogg.RecordCount(), 1);
+}
+
+TEST_F(SpottvyProv, TheEmptyFileItselfTakesThePlaceOfTheStore) {
+    StartaLogg(1);
+    FyllLager();
+    Ändra(Fil("DXS"), "INSERT INTO DXSpottLogg (Signal) VALUES ('MALL')");
+    Loggfönster().TömDXSpottLogg();
+    EXPECT_EQ(LäsEtt(Fil("DXSpott.Dat"), "SELECT Signal FROM DXSpottLogg"), "MALL");
+    EXPECT_EQ(db().rsDXSpottLogg.RecordCount(), 1);
+}
+
+TEST_F(SpottvyProv, AnEmptyFileThatIsNoStoreDoesNotTakeItsPlace) {
+    StartaLogg(1);
+    FyllLager();
+    platform::SaveTextFile(Fil("DXS"), "ingen databas");
+    Loggfönster().TömDXSpottLogg();
+    EXPECT_EQ(Tag().titel, T("mnuDXSpott_DXLogg_TömLogg"));
+    EXPECT_EQ(AntalLagrade(), 5);
+    EXPECT_EQ(db().rsDXSpottLogg.RecordCount(), 5);
 }
 
 TEST_F(SpottvyProv, TheMenuEmptiesTooWithoutTheWindow) {
@@ -372,6 +433,39 @@ TEST_F(SpottvyProv, ThePresetsThatCannotBeWrittenGiveTheirMessage) {
                                  T("SparaDXSpottFörvalIni")}));
 }
 
+TEST_F(SpottvyProv, ASaveThatFailsGivesItsMessageAndClosesTheWindow) {
+    StartaLogg(1);
+    frDXSpottFörval& v = frDXSpottFörval::instans();
+    v.Visa();
+    ASSERT_TRUE(QDir(Fil("INI")).removeRecursively());
+    v.cmdSpara->click();
+    EXPECT_EQ(Tag().titel, T("SparaDXSpottFörvalIni"));
+    EXPECT_FALSE(v.isVisible());
+}
+
+TEST_F(SpottvyProv, TheWindowReadsTheFileEachTimeItComesUp) {
+    StartaLogg(1);
+    cluster::Spottförval förval;
+    förval.SpotBandVal[1] = false;
+    platform::SaveTextFile(Fil(T("INI/DXSpottFörval.ini")), cluster::FörvalTillText(förval));
+    frDXSpottFörval::instans().Visa();
+    EXPECT_FALSE(frDXSpottFörval::instans().chkBand[1]->isChecked());
+}
+
+TEST_F(SpottvyProv, ASoundFileOutsideTheListIsKept) {
+    for (const char* fil : {"11.wav", "egen.wav", "", "1e999999.wav"}) {
+        platform::SaveTextFile(Fil(T("INI/DXSpottFörval.ini")),
+                               cluster::FörvalTillText({}).replace("1.wav", QString::fromUtf8(fil)));
+        StartaLogg(1);
+        frDXSpottFörval& v = frDXSpottFörval::instans();
+        EXPECT_EQ(v.cmbljud->currentIndex(), -1) << fil;
+        v.cmdSpara->click();
+        EXPECT_EQ(SpotFörval.SpotLjudFil, fil);
+        platform::DestroyAllWindows();
+        NollställDatabaser();
+    }
+}
+
 TEST_F(SpottvyProv, TheWindowHasABoxForEachBandAndMode) {
     frTest& f = StartaLogg(1);
     f.Meny("mnuDXSpot_Förval")->trigger();
@@ -388,6 +482,8 @@ TEST_F(SpottvyProv, TheWindowHasABoxForEachBandAndMode) {
         EXPECT_EQ(v.chkTrafiksätt[i]->objectName(), QStringLiteral("chkTrafiksätt(%1)").arg(i));
     }
     for (int i = 0; i < v.cmbljud->count(); ++i) ljud << v.cmbljud->itemText(i);
+    EXPECT_EQ(v.cmdBandAlla->text() + v.cmdTrafiksättAlla->text() + v.cmdSpara->text() + v.cmdAvbryt->text(),
+              T("AllaAllaSparaStäng"));
     EXPECT_EQ(band.join('|'), "160 M|80 M|40 M|20 M|15 M|10 M|6 M|2 M|70 CM");
     EXPECT_EQ(trafiksätt.join('|'), "CW|SSB|RTTY|PSK31/63|SSTV|AM|FM");
     EXPECT_EQ(ljud.join('|'), "Ljud 1|Ljud 2|Ljud 3|Ljud 4|Ljud 5|Ljud 6|Ljud 7|Ljud 8|Ljud 9|Ljud 10");
@@ -488,7 +584,17 @@ TEST_F(SpottvyProv, TheVolumeControlIsAProgramOfItsOwn) {
 
 TEST_F(SpottvyProv, TheSoundEntriesWithoutAnActionDoNothing) {
     frTest& f = StartaLogg(1);
+    bool något = false;
+    platform::Sounds().play = [&](const QString&) { något = true; };
+    platform::Launches().program = [&](const QString&, const QStringList&) { return något = true; };
+    const auto synliga = [] {
+        const QWidgetList alla = QApplication::topLevelWidgets();
+        return std::count_if(alla.begin(), alla.end(),
+                             [](const QWidget* fönster) { return fönster->isVisible(); });
+    };
+    const auto före = synliga();
     for (const char* namn : {"mnuFönster_Spelaljudfiler", "mnuCW_CWTest", "mnuCW_CWTestInst"})
         f.Meny(namn)->trigger();
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(synliga(), före);
+    EXPECT_FALSE(något);
 }
