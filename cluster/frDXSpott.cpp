@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QHeaderView>
+#include <QScreen>
 #include <QScrollBar>
 
 using platform::Named;
@@ -105,8 +106,11 @@ void frDXSpott::Initiera_Fönster() {
     fgDXSpott->setMinimumHeight(4 * radhöjd);
     resize(minimumSizeHint().width(),
            synliga * radhöjd + rubriker.sizeHint().height() + ram + cmdCancel->sizeHint().height() + 16);
-    // Beside the main window, which makes room for it when a connection is made.
-    platform::MoveOntoScreen(*this, {0, Twips(380)});
+    // Beside the main window, which makes room for it when a connection is made; on a screen that has none,
+    // down at the log, where it hides nothing of the entry form.
+    const QRect skärm = screen()->availableGeometry();
+    const bool harRum = width() + frTest::instans().width() <= skärm.width();
+    platform::MoveOntoScreen(*this, {0, harRum ? Twips(380) : skärm.bottom()});
 }
 
 void frDXSpott::GePlats(int rad) {
