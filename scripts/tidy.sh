@@ -15,5 +15,5 @@ check() {
   touch "$stamps/$sum"
 }
 export -f check
-git ls-files -z 'platform/*.cpp' 'store/*.cpp' 'contest/*.cpp' 'cluster/*.cpp' 'shared/*.cpp' 'reports/*.cpp' 'Data/verktyg/*.cpp' |
+git ls-files -z 'platform/*.cpp' 'store/*.cpp' 'contest/*.cpp' 'cluster/*.cpp' 'radio/*.cpp' 'shared/*.cpp' 'reports/*.cpp' 'Data/verktyg/*.cpp' |
   xargs -0 -P "$(nproc)" -I{} bash -c 'check "$@"' _ {} "$stamps" "$1"
