@@ -32,12 +32,11 @@ void PlaySound(const QString& path) {
     if (!file.open(QFile::ReadOnly)) return;
     RequireWave(file);
     if (Sounds().play) return Sounds().play(path);
-    if (QMediaDevices::defaultAudioOutput().isNull()) return;
     // One for the whole run: the next sound takes the place of this one. The application takes it along.
     static auto* const effect = new QSoundEffect(QCoreApplication::instance());
     effect->stop();
     effect->setSource(QUrl::fromLocalFile(path));
-    effect->play();
+    if (!QMediaDevices::defaultAudioOutput().isNull()) effect->play();
 }
 
 } // namespace platform

@@ -7,7 +7,9 @@
 #include "support/Linje.h"
 #include "support/ToPrint.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QSoundEffect>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -78,4 +80,7 @@ TEST(Sound, PlaysOnAMachineWithOrWithoutASoundCard) {
     for (const char* namn : {"1.wav", "2.wav", "1.wav"})
         EXPECT_NO_THROW(platform::PlaySound(QStringLiteral(SORVIK_DATA "/Ljud/Test/") + QLatin1String(namn)));
     QTest::qWait(50);
+    const auto ljud = qApp->findChildren<QSoundEffect*>();
+    ASSERT_EQ(ljud.size(), 1);
+    EXPECT_EQ(ljud[0]->source().fileName(), "1.wav");
 }
