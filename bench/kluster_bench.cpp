@@ -1,16 +1,15 @@
 // A flood of spots against the size of the store, with an operator at the keyboard.
 //
-//   Spots/stored:N      spots as a skimmer feed sends them (all different, all wanted), from the server's
-//   socket
-//                       to the grid row and the stored record, both windows of the cluster open on screen and
-//                       a key pressed in txtSignal every 25 ms. The counters are spots a second, and how long
-//                       a key took from the moment it was pressed to the end of what it does (median, 99 %,
-//                       longest).
-//   Repeats/stored:N    the same spots again: what it costs to know them as repeats
-//   Soak/spots:N        N spots with the store emptied every 50,000: memory after each emptying, the first
-//   and the
-//                       last
-//   Grow/spots:N        N spots into one store: bytes of memory for a stored spot
+//   Spots/stored:N    spots as a skimmer feed sends them (all different, all wanted), from the server's
+//   socket to
+//                     the grid row and the stored record, both windows of the cluster open and painted, and a
+//                     key pressed in txtSignal every 25 ms. The counters are spots a second, and how long a
+//                     key took from the press to the end of what it does (median, 99 %, longest).
+//   Repeats/stored:N  the same spots again: what it costs to know them as repeats
+//   Soak/spots:N      N spots with the store emptied every 50,000: memory after the first emptying, one in
+//   the
+//                     middle and the last
+//   Grow/spots:N      N spots into one store: bytes of memory for a stored spot
 //
 // The server is a thread of its own that writes as fast as the socket takes it.
 #include "cluster/DXClusterModul.h"
@@ -57,7 +56,7 @@ QByteArray Spottrad(qint64 nummer) {
         signal += static_cast<char>('A' + n % 26);
     const qint64 hekto = 140000 + nummer / 175760 % 990;
     QByteArray rad =
-        "DX de SE5E-#:    " + QByteArray::number(hekto / 10) + '.' + QByteArray::number(hekto % 10);
+        "DX de SM5AAA-#:    " + QByteArray::number(hekto / 10) + '.' + QByteArray::number(hekto % 10);
     rad = rad.leftJustified(26) + signal;
     rad = rad.leftJustified(39) + "CW    " + QByteArray::number(nummer % 40 + 3) + " dB  25 WPM  CQ";
     return rad.leftJustified(70) + "1334Z\r\n";

@@ -107,22 +107,13 @@ void TolkaDXClusterData() {
     bool fler = true;
     while (fler && !arbete.Kvar().isEmpty()) fler = TaNästaSpott(arbete, senasteRad);
     // Once for all of them: each change of the current row has the grid laid out anew.
-    if (senasteRad) frDXSpott::instans().VisaSenaste(qMin(*senasteRad, SpotRad));
+    if (senasteRad) frDXSpott::instans().VisaSenaste(*senasteRad);
     if (platform::SingleWindow<frDXCluster>::exists()) frDXCluster::instans().KortaText();
     kluster.ClusterBuffert.clear();
 }
 
 void FörberedSpottlogg() {
-    platform::Recordset& logg = db().rsDXSpottLogg;
-    if (!logg.IsOpen()) return;
-    const QString ordning = logg.Sort();
-    logg.Filter(cluster::UpprepningsFilter({}, {}, {}, {}));
-    logg.RecordCount();
-    logg.Filter(QString());
-    logg.Sort(tidsordning);
-    if (!logg.IsEOF()) logg.MoveLast();
-    logg.Sort(ordning);
-    if (!logg.IsEOF()) logg.MoveLast();
+    Prova([] { db().rsDXSpottLogg.Prepare(cluster::UpprepningsFilter({}, {}, {}, {}), tidsordning); });
 }
 
 void RensaSpotFält() {

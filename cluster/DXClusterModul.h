@@ -19,11 +19,11 @@ inline cluster::Spottförval SpotFörval;
 /// grid and into the store. Nothing that the text may hold ends it: what a step cannot do is left undone, and
 /// the next step goes on from there.
 ///
-/// A line that the network has cut in two is not joined again.
+/// A line that comes in two texts is not joined again; over TCP the socket sees to it that few do.
 void TolkaDXClusterData();
 
-/// Has the store build what the search for repeats needs, so that the first spot of the evening does not wait
-/// for it on a store of many.
+/// Has the store build what the search for repeats needs, so that the first spot after the connection is made
+/// does not wait for it on a store of many.
 void FörberedSpottlogg();
 
 /// Empties the texts of the spot at hand.

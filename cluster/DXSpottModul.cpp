@@ -38,11 +38,11 @@ void InitieraDXCluster() {
         f.WinsockSVK->RemoteHost(kluster.DXVärdAdress);
         f.WinsockSVK->RemotePort(kluster.DXVärdPort);
         f.WinsockSVK->Connect();
-        FörberedSpottlogg();
         f.TimerDXCluster->Interval(frDXCluster::pollning);
         kluster.ClusterLäser = true;
         kluster.ClusterAnsluten = true;
         frTest::instans().SBarTest(4, QStringLiteral("Ansluten till: ") + kluster.DXVärdNamn);
+        FörberedSpottlogg();
     } catch (const platform::Failure&) {
         platform::MsgBox(QStringLiteral("Fel vid initieringen av DXCluster! Inställningar för modemet är "
                                         "inte rätt konfigurerade."),

@@ -8,8 +8,8 @@
 struct Klusterläge {
     bool ClusterAnsluten = false; ///< from the moment a connection is asked for until it is closed
     int ClusterTyp = 0;           ///< 0 serial modem, 1 TCP, 2 packet engine; the menus know TCP alone
-    bool ClusterLäser = false;    ///< what arrives is read; true from the first connection on
-    QString ClusterBuffert;       ///< what arrived last
+    bool ClusterLäser = false; ///< what arrives is read; true once a connection was made or the store emptied
+    QString ClusterBuffert;    ///< what arrived last
     QString DXVärdNamn, DXVärdAdress;
     int DXVärdPort = 0;
     int DXServerTyp = 0;

@@ -99,11 +99,17 @@ void frDXCluster::WinsockSVK_DataArrival() {
     if (!kluster.ClusterLäser) return;
     kluster.ClusterBuffert = WinsockSVK->GetData();
     VisaText(kluster.ClusterBuffert);
-    if (kluster.ClusterBuffert.endsWith(QLatin1String("login: ")) &&
-        WinsockSVK->State() == platform::TcpSocket::sckConnected)
+    if (kluster.ClusterBuffert.endsWith(QLatin1String("login: "))) LoggaIn();
+    TolkaDXClusterData();
+}
+
+void frDXCluster::LoggaIn() {
+    try {
         WinsockSVK->SendData((delat.EgenSignal.isEmpty() ? delat.OpSignal : delat.EgenSignal) +
                              QStringLiteral("\r\n"));
-    TolkaDXClusterData();
+    } catch (const platform::Failure&) {
+        // The link is going down; its end has a line of its own in the window.
+    }
 }
 
 void frDXCluster::WinsockSVK_Close() {

@@ -46,6 +46,8 @@ protected:
 private:
     void ByggFönster();
     void WinsockSVK_DataArrival();
+    /// Sends the operator's own call.
+    void LoggaIn();
     void WinsockSVK_Close();
     void TimerDXCluster_Tick();
     /// @return whether the way that the connection goes took the text

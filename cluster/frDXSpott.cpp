@@ -120,6 +120,7 @@ void frDXSpott::GePlats(int rad) {
 
 void frDXSpott::VisaSenaste(int rad) {
     constexpr int iSikte = 11;
+    rad = qMin(rad, fgDXSpott->rowCount() - 1); // the grid may have been moved since
     fgDXSpott->Row(rad);
     if (rad - iSikte > 0) fgDXSpott->verticalScrollBar()->setValue(rad - iSikte - 1);
 }

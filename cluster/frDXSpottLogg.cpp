@@ -24,6 +24,7 @@ void PrövaTomLogg() {
     anslutning.Open(platform::DataPath(QStringLiteral("DXS")));
     platform::Recordset markör;
     markör.Open(QStringLiteral("DXSpottLogg"), anslutning);
+    for (const QString& kolumn : db().rsDXSpottLogg.FieldNames()) markör.FieldIndex(kolumn);
 }
 
 /// A store that could not be emptied is to go on storing.

@@ -1,11 +1,14 @@
-// Everything that reads text from a cluster, or a file about one, on any bytes whatever.
+// What reads the text of a cluster, and the two files about clusters, on any bytes whatever.
 //
 // The first byte chooses the reader. Beyond crashes and what the sanitizers see, it checks what the readers
 // promise.
+#include "cluster/Bandplan.h"
 #include "cluster/DXSite.h"
 #include "cluster/Spottförval.h"
 #include "cluster/Spottolk.h"
 #include "platform/failure.h"
+#include "platform/filter.h"
+#include "platform/text.h"
 #include "platform/textfile.h"
 
 #include <cstdint>
@@ -15,6 +18,38 @@ namespace {
 
 void Kräv(bool sant) {
     if (!sant) std::abort();
+}
+
+/// The frequency as the band plan takes it.
+void TaFrekvens(const QString& frekvens) {
+    try {
+        const int tal = platform::ToInt32(platform::ToNumber(QString(frekvens).remove(u',')));
+        const cluster::BandTrafik träff = cluster::HittaBandTrafik(tal);
+        Kräv((träff.band == 0) == träff.trafiksätt.isEmpty());
+        cluster::ÄrAvvisad(träff, {});
+    } catch (const platform::Failure&) {
+        // No number: the spot is shown without a band of its own.
+    }
+}
+
+/// The search for repeats: a call goes into the filter as it is.
+void SökUpprepning(const cluster::Annons& annons) {
+    platform::CellPool pool;
+    try {
+        platform::Filter::parse(
+            cluster::UpprepningsFilter(annons.signal, QStringLiteral("2026-12-01"), annons.frekvens,
+                                       QStringLiteral("19:00:00")),
+            [](const QString& namn) -> std::optional<platform::Column> {
+                const qsizetype plats = QStringList{QStringLiteral("Signal"), QStringLiteral("Datum"),
+                                                    QStringLiteral("Frekvens"), QStringLiteral("Tid")}
+                                            .indexOf(namn);
+                if (plats < 0) return std::nullopt;
+                return platform::Column{static_cast<int>(plats), false};
+            },
+            pool);
+    } catch (const platform::Failure&) {
+        // An apostrophe: the filter is refused.
+    }
 }
 
 /// The announcements of a text; by the bits of the choice some are left behind as repeats.
@@ -29,6 +64,8 @@ void LäsSpottar(const QString& text, unsigned val) {
         Kräv(!annons.signal.contains(u' ') && !annons.frekvens.contains(u' ') &&
              !annons.frekvens.contains(u'.'));
         Kräv(!annons.spotter.startsWith(u' ') && !annons.spotter.endsWith(u' '));
+        TaFrekvens(annons.frekvens);
+        SökUpprepning(annons);
         val = (val >> 1) | (val << 31);
         if (val & 1) continue;
         if (!arbete.LäsNotering(annons)) {

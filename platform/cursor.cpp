@@ -60,13 +60,26 @@ std::shared_ptr<const Filter> Cursor::parsed(const QString& text) {
     return filter;
 }
 
-void Cursor::setSort(const QString& text) {
+SortKeys Cursor::sortKeys(const QString& text) const {
     SortKeys keys;
     for (const SortTerm& term : parseSort(text)) {
         const int index = fieldIndex(term.column);
         keys.push_back({fieldAt(index).column.cell, term.isDescending});
     }
-    view_.setOrder(std::move(keys));
+    return keys;
+}
+
+void Cursor::prepare(const QString& filter, const QString& sort) {
+    // The rows keep each index and order that was once asked for.
+    View view(rows_);
+    view.setOrder(sortKeys(sort));
+    view.rows();
+    view.setFilter(parsed(filter));
+    view.count();
+}
+
+void Cursor::setSort(const QString& text) {
+    view_.setOrder(sortKeys(text));
     sortText_ = text.trimmed().isEmpty() ? QString() : text;
     moveFirst();
 }

@@ -19,6 +19,7 @@ public:
     void setFilter(const QString& text);
     const QString& filter() const { return filterText_; }
     void setSort(const QString& text);
+    void prepare(const QString& filter, const QString& sort);
     const QString& sort() const { return sortText_; }
 
     bool isBof() const;
@@ -84,6 +85,8 @@ private:
     void goToPlace(qsizetype place);
     /// Place of the current row among the visible ones, or the one behind it if it is hidden.
     qsizetype currentPlace() const;
+    /// @throws Failure as Recordset::Sort
+    SortKeys sortKeys(const QString& text) const;
     /// @throws Failure as Recordset::Filter
     std::shared_ptr<const Filter> parsed(const QString& text);
     std::optional<Column> column(const QString& name) const;

@@ -135,6 +135,8 @@ void Recordset::Sort(const QString& text) {
     impl_->act([&](Cursor& cursor) { cursor.setSort(text); });
 }
 
+void Recordset::Prepare(const QString& filter, const QString& sort) { impl_->open().prepare(filter, sort); }
+
 Bookmark Recordset::GetBookmark() const {
     const qint64 id = impl_->open().rowId();
     return Bookmark(id == 0 ? kRowZero : id);

@@ -109,6 +109,10 @@ public:
     /// <>, <, >, LIKE, and a number without quotes); EOF when there is none.
     void Find(const QString& criterion);
 
+    /// Builds what a filter of that form and that order need, for who will ask for them often; neither the
+    /// cursor nor what is visible changes. @throws Failure as Filter and Sort
+    void Prepare(const QString& filter, const QString& sort);
+
     /// The present filter text, empty when none is set.
     QString Filter() const;
     /// Comparisons =, <>, <, >, <=, >=, LIKE (with a trailing *) joined by AND, OR and brackets; columns

@@ -24,6 +24,11 @@ constexpr int kTail = 10;
 /// What waits here; behind it the network holds the sender up.
 constexpr qint64 kWaiting = 65536;
 
+/// Calls a copy: a listener may delete the socket that holds it, or put another in its place.
+void Call(const std::function<void()>& listener) {
+    if (const auto copy = listener) copy();
+}
+
 } // namespace
 
 TcpSocket::TcpSocket(const QString& name, QObject* parent)
@@ -135,13 +140,13 @@ void TcpSocket::HandOn() {
     QElapsedTimer turn;
     turn.start();
     while (NextPiece()) {
-        if (arrival_) arrival_();
+        Call(arrival_);
         if (!self) return;
         if (turn.elapsed() >= kTurn) return later_.start(0);
     }
     if (!isEnded_) return;
     isEnded_ = false;
-    if (close_) close_();
+    Call(close_);
 }
 
 } // namespace platform

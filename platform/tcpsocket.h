@@ -14,8 +14,8 @@ namespace platform {
 /// line, a prompt for instance, is handed on as it is when its rest has not come within a hundredth of a
 /// second: where the network happens to cut is no reason to cut a line in two.
 ///
-/// A listener that lets the event loop run is not called again before it is done. As long as it stands in a
-/// modal window, what arrives waits.
+/// A listener may close or delete the socket. One that lets the event loop run is not called again before it
+/// is done. As long as it stands in a modal window, what arrives waits.
 class TcpSocket : public QObject {
 public:
     enum : int { sckClosed = 0, sckResolvingHost = 4, sckConnecting = 6, sckConnected = 7, sckClosing = 8 };

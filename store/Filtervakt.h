@@ -12,7 +12,11 @@ public:
         : markör_(markör)
         , filter_(markör.IsOpen() ? markör.Filter() : QString()) {}
     ~Filtervakt() {
-        if (markör_.IsOpen()) markör_.Filter(filter_);
+        try {
+            if (markör_.IsOpen()) markör_.Filter(filter_);
+        } catch (const platform::Failure&) {
+            // A filter that stood once can be set again; if not, the rows stay as the search has left them.
+        }
     }
     Filtervakt(const Filtervakt&) = delete;
     Filtervakt& operator=(const Filtervakt&) = delete;

@@ -1,6 +1,7 @@
 // What becomes of the text of a cluster: rows of the grid, records of the store, nothing.
 #include "cluster/Klusterprov.h"
 
+#include "platform/sound.h"
 #include "store/Landsökning.h"
 
 namespace {
@@ -57,10 +58,9 @@ TEST_F(TolkProv, ReadsNothingForAnotherKindOfConnection) {
 
 TEST_F(TolkProv, LetsWaitingEventsRunFirst) {
     StartaLogg(1);
-    bool gick = false;
-    QTimer::singleShot(0, [&gick] { gick = true; });
-    Ta(QString());
-    EXPECT_TRUE(gick);
+    QTimer::singleShot(0, [] { kluster.ClusterBuffert = Rad("XX9CC"); });
+    Ta(Rad("XX9BB"));
+    EXPECT_EQ(Spottrad(1)[1], "XX9CC") << "the text is read after them";
 }
 
 TEST_F(TolkProv, PutsTheCaretOfTheRateTextAtItsEnd) {
@@ -83,6 +83,12 @@ TEST_F(TolkProv, TheSameCallOnTheSameFrequencyWithinAMinuteIsStoredOnce) {
     EXPECT_EQ(SpotRad, 2);
     nu = nu.addSecs(1);
     Ta(Rad("XX9BB"));
+    EXPECT_EQ(AntalLagrade(), 2);
+}
+
+TEST_F(TolkProv, ARepeatInTheSameTextIsOneToo) {
+    StartaLogg(1);
+    Ta(Rad("XX9BB") + Rad("XX9CC") + Rad("XX9BB"));
     EXPECT_EQ(AntalLagrade(), 2);
 }
 
@@ -207,7 +213,11 @@ TEST_F(TolkProv, EachFrequencyIsSortedByThePlan) {
 TEST_F(TolkProv, ThereIsNoSoundAndNoColour) {
     StartaLogg(1);
     SpotFörval.SpotLjudPå = true;
+    bool ljud = false;
+    platform::Sounds().play = [&](const QString&) { ljud = true; };
     Ta(Rad("SM5ABC"));
+    platform::Sounds() = {};
+    EXPECT_FALSE(ljud);
     EXPECT_EQ(Rutnät().item(1, 1)->foreground(), QBrush());
 }
 
@@ -420,6 +430,57 @@ TEST_F(TolkProv, AFullGridLosesItsFirstElevenSpots) {
     Ta(Rad("XX9A42"));
     EXPECT_EQ(Spottrad(31)[1], "XX9A42");
     EXPECT_EQ(Rutnät().rowCount(), 32);
+}
+
+TEST_F(TolkProv, ManySpotsInOneTextLeaveWhatTheyLeaveOneByOne) {
+    StartaLogg(1);
+    frDXSpott& f = frDXSpott::instans();
+    f.Visa();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&f));
+    const auto spottar = [](int antal) {
+        QStringList rader;
+        for (int i = 1; i <= antal; ++i) rader << Rad(QStringLiteral("XX9A%1").arg(i));
+        rader.insert(antal / 2, Rad("XX9A1"));           // a repeat
+        rader.insert(antal / 3, Rad("XX9B", "13000.0")); // refused
+        rader.insert(antal / 4, "To ALL de XX9ZZ <1334Z> : hello\r\n");
+        return rader;
+    };
+    const auto läge = [&f] {
+        QStringList allt;
+        for (int rad = 0; rad < f.fgDXSpott->rowCount(); ++rad) allt << Spottrad(rad).join('|');
+        QCoreApplication::processEvents();
+        allt << QString::number(f.fgDXSpott->currentRow()) << QString::number(SpotRad) << SpotSignal
+             << SpotFrekvens << SpotTrafiksätt << SpotNotering << SpotTidRapport << SpotPrefix
+             << QString::number(SpotBand);
+        return allt;
+    };
+    for (const int antal : {3, 13, 14, 40, 41, 42, 52, 60}) {
+        QStringList ettOchEtt;
+        for (const bool påEnGång : {false, true}) {
+            f.fgDXSpott->Clear(17, 6);
+            SpotRad = 1;
+            Ändra(Fil("DXSpott.Dat"), "DELETE FROM DXSpottLogg");
+            db().rsDXSpottLogg.Requery();
+            const QStringList rader = spottar(antal);
+            if (påEnGång) {
+                Ta(rader.join(QString()));
+                EXPECT_EQ(läge(), ettOchEtt) << antal;
+            } else {
+                for (const QString& rad : rader) Ta(rad);
+                ettOchEtt = läge();
+            }
+        }
+    }
+}
+
+TEST_F(TolkProv, TheMenuTakesTheLastRowAfterAFullGridWasMoved) {
+    frTest& f = StartaLogg(1);
+    QString allt;
+    for (int i = 1; i <= 41; ++i) allt += Rad(QStringLiteral("XX9A%1").arg(i));
+    Ta(allt);
+    EXPECT_EQ(Rutnät().Row(), 30);
+    f.Meny("mnuDXSpot_Visa")->trigger();
+    EXPECT_EQ(f.txtSignal->text(), "XX9A30");
 }
 
 TEST_F(TolkProv, TheNewestSpotIsAlwaysInSight) {

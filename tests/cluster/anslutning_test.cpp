@@ -19,6 +19,8 @@ TEST_F(AnslutProv, ConnectShowsBothWindowsAndTheSiteInTheStatusBar) {
     EXPECT_TRUE(kluster.ClusterLäser);
     EXPECT_EQ(kluster.ClusterTyp, 1);
     EXPECT_EQ(Fönster().TimerDXCluster->Interval(), 500);
+    EXPECT_EQ(db().rsDXSpottLogg.Sort(), "Datum") << "the store is made ready, not changed";
+    EXPECT_EQ(db().rsDXSpottLogg.Filter(), "");
     EXPECT_FALSE(frAnslut::instans().isVisible());
 }
 

@@ -171,6 +171,22 @@ TEST_F(FilterTest, AnEmptyTextLiftsTheFilter) {
     EXPECT_EQ(rows_.RecordCount(), 8);
 }
 
+TEST_F(FilterTest, PreparingChangesNothingThatIsSeen) {
+    rows_.Sort("Poäng DESC");
+    rows_.Filter("Trafiksätt = 'CW'");
+    rows_.MoveNext();
+    const QString before = rows_.Field("N").text();
+    rows_.Prepare("Signal = '' AND Poäng = 2", "Signal, N");
+    EXPECT_EQ(rows_.Field("N").text(), before);
+    EXPECT_EQ(rows_.Filter(), "Trafiksätt = 'CW'");
+    EXPECT_EQ(rows_.Sort(), "Poäng DESC");
+    EXPECT_EQ(rows_.RecordCount(), 3);
+    rows_.Filter("Signal = 'SM5ABC' AND Poäng = 2");
+    EXPECT_EQ(rows_.RecordCount(), 1);
+    EXPECT_THROW(rows_.Prepare("Finns = 'inte'", "N"), Failure);
+    EXPECT_THROW(rows_.Prepare("N = 1", "Finns"), Failure);
+}
+
 TEST_F(FilterTest, BracketsWithoutEndAreAFailureAndNotACrash) {
     const QString open(100000, u'(');
     const QString close(100000, u')');

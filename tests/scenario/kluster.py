@@ -9,6 +9,7 @@ stored is read with SQLite from outside; with the probe library the entry form i
 window stay in the output folder.
 """
 import argparse
+import shutil
 import socket
 import sys
 import threading
@@ -25,27 +26,27 @@ BANNER = (b"Hello SK7MW, this is XX9ZZ-1\r\n"
 OTHER = (b"WWV de XX9ZZ <12>:   SFI=90, A=5, K=1, No Storms -> No Storms\r\n"
          b"To ALL de XX5EE <1334Z> : contest this evening\r\n")
 
-# (line, call, frequency, mode, band) as they are to be stored; None for what is none of ours.
+# The line, and call, frequency, mode and band as they are to be stored; None for a repeat and what is refused.
 TRAFFIC = [
-    (b"DX de SM6FMB:    14025.5  JA1ABC       up 2                           1333Z\x07\x07\r\n",
+    (b"DX de SM6AAA:    14025.5  JA1ABC       up 2                           1333Z\x07\x07\r\n",
      ("JA1ABC", "14,025,50", "CW", "20")),
-    (b"dx de oh6bg-#:    7003.0  dl1abc       cw 8 db 28 wpm cq              1801z\r\n",
+    (b"dx de oh6aa-#:    7003.0  dl1abc       cw 8 db 28 wpm cq              1801z\r\n",
      ("dl1abc", "7,003,00", "CW", "40")),
-    (b"DX de EA8/DF4UE-#:21149.0  K1TTT        CW  9 dB 10 WPM CQ             1117Z\r\n",
-     ("K1TTT", "21,149,00", "CW", "15")),
-    (b"DX de SE5E-#:     3540.0  UA1ALY       CW 10 dB 18 WPM CQ             1334Z\r\n",
-     ("UA1ALY", "3,540,00", "CW", "80")),
-    (b"DX de SE5E-#:     3540.0  UA1ALY       CW 10 dB 18 WPM CQ             1334Z\r\n", None),
-    (b"DX de S59AT:     1296100.0  S50C       JN75<TR>JO65                   1334Z\r\n", None),
-    (b"DX de SM7IUN-#:  14016.0  II4BLD       CW 18 dB 30 WPM CQ             1334Z\r\n",
-     ("II4BLD", "14,016,00", "CW", "20")),
-    (b"DX de VU2CPL-#:  28014.9  F5GPE        CW  4 dB 20 WPM CQ             1333Z\r\n",
-     ("F5GPE", "28,014,90", "CW", "10")),
-    (b"DX de IZ1HHT:    14229.0  RA3VLA       TnX Nickolay 73                1118Z\r\n",
-     ("RA3VLA", "14,229,00", "SSTV", "20")),
+    (b"DX de EA8/DL1AA-#:21149.0  K1ABC        CW  9 dB 10 WPM CQ             1117Z\r\n",
+     ("K1ABC", "21,149,00", "CW", "15")),
+    (b"DX de SM5A-#:     3540.0  UA1ABC       CW 10 dB 18 WPM CQ             1334Z\r\n",
+     ("UA1ABC", "3,540,00", "CW", "80")),
+    (b"DX de SM5A-#:     3540.0  UA1ABC       CW 10 dB 18 WPM CQ             1334Z\r\n", None),
+    (b"DX de S51AA:     1296100.0  S52A       JN75<TR>JO65                   1334Z\r\n", None),
+    (b"DX de SM7AAA-#:  14016.0  II4ABC       CW 18 dB 30 WPM CQ             1334Z\r\n",
+     ("II4ABC", "14,016,00", "CW", "20")),
+    (b"DX de VU2AAA-#:  28014.9  F5ABC        CW  4 dB 20 WPM CQ             1333Z\r\n",
+     ("F5ABC", "28,014,90", "CW", "10")),
+    (b"DX de IK1AAA:    14229.0  RA3ABC       TnX 73                         1118Z\r\n",
+     ("RA3ABC", "14,229,00", "SSTV", "20")),
 ]
-LATER = [(b"DX de G4ZFE-#:   14086.6  RA4L         RTTY + 8 dB CQ                 1118Z\r\n",
-          ("RA4L", "14,086,60", "RTTY", "20"))]
+LATER = [(b"DX de G4AAA-#:   14086.6  RA4A         RTTY + 8 dB CQ                 1118Z\r\n",
+          ("RA4A", "14,086,60", "RTTY", "20"))]
 
 
 class Cluster:
@@ -126,10 +127,18 @@ def expect_form(program, probe, call, frequency, band):
         expect(name, controls["frTest", name][3], right)
 
 
+def prepare(folder, port):
+    """Only our own cluster to connect to, no spots and no presets: whatever an operator had in the folder."""
+    data = folder / "Data"
+    for name in ("DX Telnet", "DX Telenet"):
+        for site in (data / name).glob("*.dxt"):
+            site.unlink()
+        (data / name / "Prov.dxt").write_bytes(b'"Provklustret"\r\n"127.0.0.1"\r\n%d\r\n 0 \r\n' % port)
+    shutil.copy(data / "DXS", data / "DXSpott.Dat")
+    (data / "INI" / "DXSpottFörval.ini").unlink(missing_ok=True)
+
+
 def play(program, cluster, probe):
-    for folder in ("DX Telnet", "DX Telenet"):
-        (program.folder / "Data" / folder / "AA Prov.dxt").write_bytes(
-            b'"Provklustret"\r\n"127.0.0.1"\r\n%d\r\n 0 \r\n' % cluster.port)
     program.fill_in_station(OWN_CALL, "jo65mr", "2026-12-01")
     program.new_log(9, "kluster.svk")
     spots = [spot for _, spot in TRAFFIC if spot]
@@ -137,6 +146,8 @@ def play(program, cluster, probe):
     cluster.wait_for_guest(1)
     expect("login", cluster.logins, [b"SK7MW\r\n"])
     cluster.guest.sendall(OTHER)
+    if time.localtime().tm_sec >= 55:
+        time.sleep(6)  # the repeat must come in the same minute
     cluster.say(TRAFFIC)
     wait_for("the spots", lambda: len(stored(program)) == len(spots))
     expect("stored spots", stored(program), spots)
@@ -161,7 +172,7 @@ def play(program, cluster, probe):
     wait_for("the spot after the break", lambda: stored(program) == spots)
     back(program)
     menu(program, 2)
-    expect_form(program, probe, "RA4L", "14,086,60", "40 M")  # the menu leaves the band alone
+    expect_form(program, probe, "RA4A", "14,086,60", "40 M")  # the menu leaves the band alone
     program.picture("frTest_spott_visa")
     back(program)
 
@@ -191,6 +202,7 @@ def main():
     arguments = parser.parse_args()
     cluster, screen, program, status = Cluster(), Screen(arguments.size), None, 1
     try:
+        prepare(arguments.program, cluster.port)
         program = Sorvik(arguments.program, screen, arguments.out, arguments.probe)
         play(program, cluster, arguments.probe)
         expect("status", program.exit(), 0)
