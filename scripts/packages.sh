@@ -3,7 +3,7 @@
 
 packages_build="g++ cmake ninja-build ccache qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev libsqlite3-dev
   qt6-l10n-tools qt6-translations-l10n qt6-serialport-dev qt6-multimedia-dev"
-packages_run="libqt6widgets6 libqt6network6 libqt6serialport6 libqt6multimedia6 qt6-qpa-plugins libsqlite3-0 fonts-dejavu-core"
+packages_run="libqt6widgets6 libqt6network6 libqt6serialport6 libqt6multimedia6 libhamlib-utils qt6-qpa-plugins libsqlite3-0 fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev"
 packages_tour="xvfb xdotool openbox imagemagick python3"
 packages_check="clang libclang-rt-14-dev clang-format clang-tidy shellcheck"

@@ -1,0 +1,240 @@
+#include "platform/omnirig/riglink.h"
+
+#include <utility>
+
+namespace platform {
+
+using rigctld::Answer;
+using rigctld::Asked;
+
+namespace {
+
+const QString kOnLine = QStringLiteral("On-line");
+const QString kSilent = QStringLiteral("Rig is not responding");
+const QString kUnused = QStringLiteral("Rig is not configured");
+const QString kNonsense = QStringLiteral("obegripligt svar");
+
+// All in milliseconds.
+constexpr int kPoll = 200;      ///< between two rounds of questions
+constexpr int kPatience = 1600; ///< without a good round
+constexpr int kConnecting = 3000;
+constexpr int kAnswering = 15000;
+constexpr int kRetry = 500;
+constexpr int kRetryOwn = 100; ///< while a daemon of our own comes up
+constexpr int kRestart = 2000; ///< of a daemon that has ended by itself
+constexpr int kTuneWithin = 5000;
+
+/// Calls a copy: a listener may put another in its place.
+void Call(const std::function<void()>& listener) {
+    if (const auto copy = listener) copy();
+}
+
+} // namespace
+
+RigLink::RigLink(QObject* parent)
+    : QObject(parent)
+    , status_(kUnused)
+    , daemon_(this) {
+    const auto on = [this](QTimer& timer, void (RigLink::*due)()) {
+        timer.setSingleShot(true);
+        connect(&timer, &QTimer::timeout, this, due);
+    };
+    on(later_, &RigLink::Attend);
+    on(poll_, &RigLink::AskNext);
+    on(retry_, &RigLink::Connect);
+    patience_.setSingleShot(true);
+    connect(&patience_, &QTimer::timeout, this, [this] { SetStatus(kSilent); });
+    giveUp_.setSingleShot(true);
+    connect(&giveUp_, &QTimer::timeout, this, [this] { Lost(QStringLiteral("inget svar")); });
+    // An answer fits many times over; what sends more is held up by the network until it is dropped.
+    constexpr qint64 waiting = 4096;
+    socket_.setReadBufferSize(waiting);
+    const auto soon = [this] { later_.start(0); };
+    connect(&socket_, &QTcpSocket::connected, this, soon);
+    connect(&socket_, &QTcpSocket::readyRead, this, soon);
+    connect(&socket_, &QTcpSocket::errorOccurred, this, soon);
+    daemon_.OnEnd([this] {
+        Lost(daemon_.LastWords());
+        retry_.start(kRestart);
+        SetStatus(kSilent);
+    });
+}
+
+RigLink::~RigLink() {
+    onStatus_ = onChange_ = onReading_ = {};
+    Drop();
+}
+
+bool RigLink::IsOnLine() const { return status_ == kOnLine; }
+
+void RigLink::Use(const RigSettings& settings) {
+    ++use_;
+    Drop();
+    for (QTimer* timer : {&retry_, &patience_}) timer->stop();
+    daemon_.Stop();
+    settings_ = settings;
+    frequency_ = 0;
+    mode_.clear();
+    trouble_.clear();
+    tuneA_.reset();
+    tuneCurrent_.reset();
+    const bool isUsed = settings.way != RigSettings::Way::Unused;
+    if (isUsed) Connect();
+    SetStatus(isUsed ? kSilent : kUnused);
+}
+
+void RigLink::SetStatus(const QString& status) {
+    if (status == status_) return;
+    status_ = status;
+    Call(onStatus_);
+}
+
+// ---- the connection -----------------------------------------------------------------------------------
+
+void RigLink::Connect() {
+    RigAddress address{QStringLiteral("127.0.0.1"), daemonPort_};
+    if (settings_.way == RigSettings::Way::Address) {
+        const auto set = ReadRigAddress(settings_.address);
+        if (!set) return Lost(QStringLiteral("adressen är ingen adress"));
+        address = *set;
+    } else {
+        if (daemon_.IsEnding()) return retry_.start(kRetry);
+        if (!daemon_.IsRunning()) {
+            address.port = daemonPort_ = RigDaemon::FreePort();
+            daemon_.Start(DaemonArguments(settings_, daemonPort_));
+        }
+    }
+    isOpen_ = true;
+    giveUp_.start(kConnecting);
+    socket_.connectToHost(address.host, static_cast<quint16>(address.port));
+}
+
+/// Closes the connection without a word.
+void RigLink::Drop() {
+    isOpen_ = isConnected_ = false;
+    asked_.reset();
+    next_ = Asked::VfoMode;
+    received_.clear();
+    for (QTimer* timer : {&later_, &poll_, &giveUp_}) timer->stop();
+    socket_.abort();
+}
+
+/// Closes the connection and opens another one soon. The radio stays on line for as long as patience lasts.
+void RigLink::Lost(const QString& trouble) {
+    Drop();
+    trouble_ = trouble;
+    retry_.start(settings_.way == RigSettings::Way::Model ? kRetryOwn : kRetry);
+}
+
+QString RigLink::WhyClosed() const {
+    if (settings_.way != RigSettings::Way::Model || isConnected_) return socket_.errorString();
+    return daemon_.LastWords().isEmpty() ? QStringLiteral("rigctld har inte fått kontakt med radion")
+                                         : daemon_.LastWords();
+}
+
+void RigLink::Attend() {
+    if (!isConnected_ && socket_.state() == QAbstractSocket::ConnectedState) {
+        isConnected_ = true;
+        socket_.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        AskNext();
+    }
+    if (socket_.bytesAvailable() > 0) Receive();
+    if (!isOpen_ || socket_.state() != QAbstractSocket::UnconnectedState) return;
+    const bool wasConnected = isConnected_;
+    Lost(WhyClosed());
+    if (wasConnected) SetStatus(kSilent);
+}
+
+// ---- questions and answers ----------------------------------------------------------------------------
+
+void RigLink::AskNext() {
+    if (next_ == Asked::Frequency && SendTuning()) return;
+    Send(next_, rigctld::Question(next_, vfoMode_));
+}
+
+/// False if there is nothing to tune.
+bool RigLink::SendTuning() {
+    if (!tuneA_ && !tuneCurrent_) return false;
+    if (tuneBefore_.hasExpired()) {
+        tuneA_.reset();
+        tuneCurrent_.reset();
+        isNews_ = true; // whoever wanted it elsewhere must see where it is
+        return false;
+    }
+    // Where VFOs have no names there is one to tune.
+    if (!vfoMode_ && tuneCurrent_) tuneA_.reset();
+    const auto vfo = tuneA_ ? rigctld::Vfo::A : rigctld::Vfo::Current;
+    const qint64 hertz = *std::exchange(tuneA_ ? tuneA_ : tuneCurrent_, std::nullopt);
+    Send(Asked::Write, rigctld::Tuning(hertz, vfo, vfoMode_));
+    return true;
+}
+
+void RigLink::Send(Asked asked, const QByteArray& command) {
+    // What came unasked would be taken for the answer.
+    if (socket_.bytesAvailable() > 0) return Lost(kNonsense);
+    asked_ = asked;
+    giveUp_.start(kAnswering);
+    socket_.write(command);
+}
+
+void RigLink::Receive() {
+    received_ += socket_.readAll();
+    if (!asked_) return Lost(kNonsense);
+    const Answer answer = rigctld::ReadAnswer(*asked_, received_);
+    if (answer.kind == Answer::Kind::Unfinished) return;
+    if (answer.kind == Answer::Kind::Garbage) return Lost(kNonsense);
+    received_.clear();
+    giveUp_.stop();
+    Take(*std::exchange(asked_, std::nullopt), answer);
+}
+
+void RigLink::Take(Asked asked, const Answer& answer) {
+    const bool isGood = answer.kind == Answer::Kind::Good;
+    if (!isGood && asked != Asked::Mode) trouble_ = rigctld::ErrorText(answer.error);
+    next_ = Asked::Frequency;
+    switch (asked) {
+    case Asked::VfoMode:
+        vfoMode_ = answer.vfoMode; // a daemon that does not know the question wants no names
+        return AskNext();
+    case Asked::Frequency:
+        if (!isGood) return poll_.start(kPoll);
+        heardFrequency_ = answer.frequency;
+        next_ = Asked::Mode;
+        return AskNext();
+    case Asked::Mode:
+        heardMode_ = answer.mode; // a receiver without modes has answered all the same
+        return TakeRound();
+    case Asked::Write:
+        // Done or refused, the operator wants to see where the radio is.
+        isNews_ = true;
+        if (IsOnLine()) patience_.start(kPatience);
+        return AskNext();
+    }
+}
+
+void RigLink::TakeRound() {
+    patience_.start(kPatience);
+    trouble_.clear();
+    const bool isToBeTuned = tuneA_ || tuneCurrent_;
+    poll_.start(isToBeTuned ? 0 : kPoll);
+    const int use = use_;
+    if (!IsOnLine()) isNews_ = true;
+    SetStatus(kOnLine);
+    // Where the radio was before it is tuned is history.
+    if (use != use_ || isToBeTuned) return;
+    const bool isChange = heardFrequency_ != frequency_ || heardMode_ != mode_;
+    frequency_ = heardFrequency_;
+    mode_ = heardMode_;
+    if (std::exchange(isNews_, false) || isChange) Call(onChange_);
+    if (use == use_) Call(onReading_);
+}
+
+void RigLink::Tune(rigctld::Vfo vfo, qint64 hertz) {
+    if (settings_.way == RigSettings::Way::Unused) return;
+    (vfo == rigctld::Vfo::A ? tuneA_ : tuneCurrent_) = hertz;
+    tuneBefore_.setRemainingTime(kTuneWithin);
+    // Not at once: the other VFO's is often tuned in the same breath.
+    if (poll_.isActive()) poll_.start(0);
+}
+
+} // namespace platform
