@@ -70,10 +70,10 @@ void SpottTillFormulär(const ValdSpott& spott) {
     f.txtSignal->setText(spott.signal);
     f.txtFrekvens->setText(spott.frekvens);
     for (int i = 0; i < f.cmbTrafik->count(); ++i)
-        if (f.cmbTrafik->itemText(i) == spott.trafiksätt) f.cmbTrafik->setCurrentIndex(i);
+        if (f.cmbTrafik->itemText(i) == spott.trafiksätt) f.cmbTrafik->Row(i);
     const double band = platform::Val(spott.band);
     for (int i = 0; i < f.cmbBand->count(); ++i)
-        if (platform::Val(f.cmbBand->itemText(i)) == band) f.cmbBand->setCurrentIndex(i);
+        if (platform::Val(f.cmbBand->itemText(i)) == band) f.cmbBand->Row(i);
     f.FokusTillSignal();
 }
 

@@ -14,6 +14,7 @@
 #include "platform/dialogs.h"
 #include "platform/paths.h"
 #include "platform/windows.h"
+#include "radio/frOmni.h"
 #include "store/Databaser.h"
 
 #include <QCloseEvent>
@@ -130,6 +131,7 @@ void frTest::closeEvent(QCloseEvent* event) {
     hide();
     frDXCluster::LaddaUr();
     frDXSpott::LaddaUr();
+    frOmni::LaddaUr();
     if (delat.NätverkAnsluten) {
         WNetCancelConnection2A(delat.NätverkEnhet, 1, false);
         delat.NätverkAnsluten = false;

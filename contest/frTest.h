@@ -18,8 +18,8 @@
 ///
 /// The body is split by concern: frTest.cpp (life of the window), frTest_layout, frTest_meny,
 /// frTest_formulär (the entry form), frTest_spara (the two save chains), frTest_logg (log files),
-/// frTest_tavla (grids), frTest_klockor, frTest_kluster. What the call in the form means and what a contact
-/// is worth stands in store/.
+/// frTest_tavla (grids), frTest_klockor, frTest_kluster, frTest_radio. What the call in the form means and
+/// what a contact is worth stands in store/.
 class frTest : public QMainWindow {
 public:
     using Fält = platform::TextBox;
@@ -76,6 +76,16 @@ public:
     void FokusTillSignal();
     /// Moves the window aside, as far as the screen lets it. @param vänster pixels from the left
     void Vänsterkant(int vänster);
+
+    // ---- the radio ------------------------------------------------------------------------------------
+    void mnuRadio_På_Click();
+    void mnuRadio_Av_Click();
+    void mnuRadio_Shift_Click();
+    void cmbBand_Click();
+    /// The menu's marks, and the frequency's colour once rig control is off.
+    void VisaRadioläge();
+    /// Light green: the frequency is the radio's.
+    void FärgaFrekvens(bool följer);
 
     // ---- life of the window ---------------------------------------------------------------------------
     void Initiera_Fönster();

@@ -4,6 +4,7 @@
 #include "contest/Löpnummer.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
+#include "radio/frOmni.h"
 #include "store/Databaser.h"
 #include "store/Dubbletter.h"
 #include "store/Landsökning.h"
@@ -46,6 +47,7 @@ void frTest::KopplaFormulär() {
     txtDiplom->OnGotFocus([this] { txtDiplom_GotFocus(); });
     txtDiplom->OnLostFocus([this] { txtDiplom_LostFocus(); });
     cmbTrafik->OnClick([this] { cmbTrafik_Click(); });
+    cmbBand->OnClick([this] { cmbBand_Click(); });
 
     // Index by index as the window was drawn; fields without a number of their own fill the gaps.
     tabbordning_ = {txtSignal, txtRSTM, txtLöpnrM, txtDiplom,   cmbTrafik,  cmbBand,  cmbDiplom, txtFrekvens,
@@ -168,7 +170,7 @@ namespace {
 /// Selects the entry that equals a text; without one the list stays as it is.
 void VäljPost(platform::ComboBox& lista, const QString& text) {
     for (int i = 0; i < lista.count(); ++i)
-        if (lista.itemText(i) == text) return lista.setCurrentIndex(i);
+        if (lista.itemText(i) == text) return lista.Row(i);
 }
 
 } // namespace
@@ -247,6 +249,8 @@ void frTest::RensaTest() {
     avståndFör.clear();
     txtDatum->setText(platform::Now().date().toString(QStringLiteral("yyyy-MM-dd")));
     txtSignal->clear();
+    // A frequency that was typed or came with a spot gives way to where the radio is.
+    if (delat.RadioPå) txtFrekvens->setText(frOmni::instans().Label3->text());
     if (const QString rapport = RapportFör(cmbTrafik->Text()); !rapport.isEmpty()) {
         txtRSTM->setText(rapport);
         txtRSTS->setText(rapport);

@@ -205,10 +205,7 @@ void frTest::KopplaMenyer() {
     vid("mnufönster_Grid", [] { frGrid::instans().Visa(); });
     vid("mnuHjälp_Sorvik", [] { frHjälp::instans().Visa(); });
     vid("mnuHjälp_Om", [] { frTestOm::instans().Visa(); });
-    // These two show a state; a click on the one that is set must not clear its mark.
-    for (const char* namn : {"mnuRadio_På", "mnuRadio_Av"})
-        connect(Meny(namn), &QAction::triggered, this, [this] {
-            Meny("mnuRadio_På")->setChecked(delat.RadioPå);
-            Meny("mnuRadio_Av")->setChecked(!delat.RadioPå);
-        });
+    vid("mnuRadio_På", [this] { mnuRadio_På_Click(); });
+    vid("mnuRadio_Av", [this] { mnuRadio_Av_Click(); });
+    vid("mnuRadio_Shift", [this] { mnuRadio_Shift_Click(); });
 }

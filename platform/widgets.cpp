@@ -129,6 +129,14 @@ int ComboBox::Row() const {
     return row >= 0 && itemText(row) == Text() ? row : -1;
 }
 
+void ComboBox::Row(int row) {
+    if (row == Row()) return;
+    // Something else was typed over the row that the list still stands at.
+    const bool isSame = row == currentIndex();
+    setCurrentIndex(row);
+    if (isSame && row >= 0 && click_) click_();
+}
+
 void ComboBox::Locked(bool locked) {
     locked_ = locked;
     lineEdit()->setReadOnly(locked);

@@ -80,6 +80,8 @@ public:
     void Choose(const QString& text);
     /// The row whose text the box shows; -1 once something else stands there.
     int Row() const;
+    /// Makes a row the chosen one. One that the box shows already stays without a click.
+    void Row(int row);
     /// A choice from the list, by the operator (the same entry too) or by code (a new one alone).
     void OnClick(std::function<void()> click);
 
