@@ -10,6 +10,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QFormLayout>
+#include <QScreen>
 
 using platform::Named;
 using platform::Twips;
@@ -78,10 +79,14 @@ void frOmni::Visa() {
 }
 
 void frOmni::Init_Fönster() {
-    // Beside the main window, which makes room for it.
     constexpr int bredd = 4600;
     resize(qMax(Twips(bredd), minimumSizeHint().width()), minimumSizeHint().height());
-    platform::MoveOntoScreen(*this, {0, Twips(380)});
+    // Beside the main window, which makes room for it, and under the spots; on a screen that has none, down
+    // at the log beside them, where it hides nothing of the entry form.
+    const QRect skärm = screen()->availableGeometry();
+    const bool harRum = width() + frTest::instans().width() <= skärm.width();
+    platform::MoveOntoScreen(*this, harRum ? QPoint(0, Twips(6600))
+                                           : QPoint(Twips(4990), skärm.bottom() - height() - Twips(900)));
 }
 
 void frOmni::StartaOmniRig() {

@@ -32,6 +32,9 @@ QRegularExpression AllWords(const QString& text) {
     return QRegularExpression(u'^' + pattern, QRegularExpression::CaseInsensitiveOption);
 }
 
+/// "14 025,00", as in this country.
+QString KiloHertz(qint64 hertz) { return QLocale().toString(static_cast<double>(hertz) / 1000, 'f', 2); }
+
 template <class W>
 W* Numbered(W* widget, const char* name, int number) {
     widget->setObjectName(QStringLiteral("%1(%2)").arg(QString::fromUtf8(name)).arg(number));
@@ -56,9 +59,9 @@ RigPage::RigPage(int number, QAbstractItemModel& models) {
         made->setAccessibleName(QString::fromUtf8(label));
         return made;
     };
-    optAv = choice("optAv", "Används inte");
-    optAdress = choice("optAdress", "rigctld som redan är igång");
-    optModell = choice("optModell", "Radio ansluten till den här datorn");
+    optAv = choice("optAv", "Används &inte");
+    optAdress = choice("optAdress", "&rigctld som redan är igång");
+    optModell = choice("optModell", "Radio ansluten till den här &datorn");
     txtAdress = field("txtAdress", "Adress");
     txtAdress->setPlaceholderText(QStringLiteral("värd:port"));
     txtSök = field("txtSök", "Sök radio");
@@ -76,20 +79,20 @@ RigPage::RigPage(int number, QAbstractItemModel& models) {
     cmbHastighet = list("cmbHastighet", "Hastighet");
     cmbHastighet->addItem(QStringLiteral("Radions egen"), 0);
     for (const int speed : kSpeeds) cmbHastighet->addItem(QString::number(speed), speed);
-    cmdTest = Numbered(NewButton("cmdTest", QStringLiteral("Test")), "cmdTest", number);
+    cmdTest = Numbered(NewButton("cmdTest", QStringLiteral("&Test")), "cmdTest", number);
     lblSvar = Numbered(new QLabel, "lblSvar", number);
     lblSvar->setWordWrap(true);
 
     constexpr int indent = 24;
     auto* address = new QFormLayout;
     address->setContentsMargins(indent, 0, 0, 0);
-    address->addRow(txtAdress->accessibleName(), txtAdress);
+    address->addRow(QStringLiteral("&Adress"), txtAdress);
     auto* radio = new QFormLayout;
     radio->setContentsMargins(indent, 0, 0, 0);
-    radio->addRow(txtSök->accessibleName(), txtSök);
+    radio->addRow(QStringLiteral("Sö&k radio"), txtSök);
     radio->addRow(QString(), lstModell);
-    radio->addRow(cmbPort->accessibleName(), cmbPort);
-    radio->addRow(cmbHastighet->accessibleName(), cmbHastighet);
+    radio->addRow(QStringLiteral("&Port"), cmbPort);
+    radio->addRow(QStringLiteral("&Hastighet"), cmbHastighet);
     auto* test = new QHBoxLayout;
     test->addWidget(cmdTest);
     test->addWidget(lblSvar, 1);
@@ -188,7 +191,7 @@ RigDialog::RigDialog(HamlibService& service, QWidget* over)
         tabRig->addTab(page, QStringLiteral("Rig &%1").arg(number));
         connect(page->cmdTest, &QPushButton::clicked, this, [this, number] { Test(number); });
     }
-    cmdSpara = NewButton("cmdSpara", QStringLiteral("Spara"));
+    cmdSpara = NewButton("cmdSpara", QStringLiteral("&Spara"));
     cmdAvbryt = NewButton("cmdAvbryt", QStringLiteral("Stäng"));
     cmdSpara->setDefault(true);
     auto* buttons = new QHBoxLayout;
@@ -204,13 +207,22 @@ RigDialog::RigDialog(HamlibService& service, QWidget* over)
     connect(&patience_, &QTimer::timeout, this, [this] { Tell(tested_); });
 }
 
-RigDialog::~RigDialog() { EndTest(); }
+RigDialog::~RigDialog() {
+    EndTest();
+    if (!lister_) return;
+    // It ends without anybody to wait for it.
+    lister_->disconnect();
+    connect(lister_, &QProcess::finished, lister_, &QObject::deleteLater);
+    lister_->setParent(QCoreApplication::instance());
+    lister_->kill();
+}
 
 void RigDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (event->spontaneous()) return;
     Fill();
     ReadModels();
+    tabRig->setFocus();
 }
 
 void RigDialog::Fill() {
@@ -271,7 +283,7 @@ void RigDialog::Tell(int rig) {
     const RigLink& link = service_.Link(rig);
     QString answer = QStringLiteral("Inget svar: ") + link.Trouble();
     if (link.IsOnLine())
-        answer = QStringLiteral("Radion svarar: %1 Hz %2").arg(link.Frequency()).arg(link.Mode());
+        answer = QStringLiteral("Radion svarar: %1 kHz %2").arg(KiloHertz(link.Frequency()), link.Mode());
     pages.at(static_cast<size_t>(rig - 1))->lblSvar->setText(answer);
     // From now on its silence is news, as its answers are.
     constexpr int silence = 2000;

@@ -347,3 +347,18 @@ TEST_F(RadioProv, BandOmniLeavesTheBand) {
     Fönster().BandOmni("702250");
     EXPECT_EQ(f.cmbBand->Text(), band);
 }
+
+// ---- its place ----------------------------------------------------------------------------------------
+
+TEST_F(RadioProv, TheWindowHidesNothingOfTheEntryForm) {
+    const bool storSkärm = qEnvironmentVariableIsSet("SORVIK_STORSKARM");
+    frTest& f = StartaLogg(1);
+    f.move(10, f.y());
+    f.Meny("mnuRadio_På")->trigger();
+    const QRect skärm = f.screen()->availableGeometry();
+    EXPECT_EQ(f.x(), storSkärm ? 332 : qMax(0, qMin(332, skärm.right() - f.width())));
+    EXPECT_TRUE(skärm.contains(Fönster().frameGeometry()));
+    const QRect formulär(f.frmLogg->mapToGlobal(QPoint()), f.frmLogg->size());
+    EXPECT_FALSE(Fönster().frameGeometry().intersects(formulär));
+    EXPECT_NE(Fönster().frameGeometry().intersects(f.frameGeometry()), storSkärm);
+}

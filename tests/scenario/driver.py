@@ -4,11 +4,13 @@ Everything is done with keys and mouse through xdotool; what the program has don
 SQLite, and with the probe library also from its controls. Nothing sleeps for a fixed time: every step waits for
 what it is to bring about.
 """
+import argparse
 import fcntl
 import os
 import shutil
 import sqlite3
 import subprocess
+import sys
 import tempfile
 import time
 from pathlib import Path
@@ -205,3 +207,35 @@ def rows(file, question):
 
 def contacts(log):
     return rows(log, "SELECT count(*) FROM TESTQSO")[0][0]
+
+
+def perform(prepare, play):
+    """The frame of a scenario that is a script of its own: reads the command line, starts the program on a screen,
+    ends it, and leaves a picture of where it failed. Gives the process's status.
+
+    prepare(folder) gets the program folder before the program starts; play(program, probe) says what was seen."""
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--program", required=True, type=Path)
+    parser.add_argument("--out", required=True, type=Path)
+    parser.add_argument("--probe", type=Path)
+    parser.add_argument("--size", default="1920x1080")
+    arguments = parser.parse_args()
+    screen, program, status = Screen(arguments.size), None, 1
+    try:
+        prepare(arguments.program)
+        program = Sorvik(arguments.program, screen, arguments.out, arguments.probe)
+        result = play(program, arguments.probe)
+        ended = program.exit()
+        if ended != 0:
+            raise AssertionError(f"the program ended with status {ended}")
+        print(result)
+        status = 0
+    except AssertionError as failure:
+        print(failure, file=sys.stderr)
+        if program:
+            program.picture("failure")
+    finally:
+        if program:
+            program.kill()
+        screen.close()
+    return status

@@ -8,15 +8,13 @@ a double click and one by the menu, the link breaks and is made again, the store
 stored is read with SQLite from outside; with the probe library the entry form is looked at too. Pictures of every
 window stay in the output folder.
 """
-import argparse
 import shutil
 import socket
 import sys
 import threading
 import time
-from pathlib import Path
 
-from driver import Screen, Sorvik, rows, wait_for
+from driver import perform, rows, wait_for
 
 OWN_CALL = "sk7mw"
 WELCOME = (b"\xff\xfb\x01Running on XX9ZZ-1\r\n\r\nlogin: ")
@@ -191,33 +189,10 @@ def play(program, cluster, probe):
     program.window("TestSignal:")
     presets = (program.folder / "Data" / "INI" / "DXSpottFörval.ini").read_bytes()
     expect("presets", presets, b"#TRUE#\r\n" * 9 + b"#FALSE#\r\n1.wav\r\n" + b"#TRUE#\r\n" * 7)
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--program", required=True, type=Path)
-    parser.add_argument("--out", required=True, type=Path)
-    parser.add_argument("--probe", type=Path)
-    parser.add_argument("--size", default="1920x1080")
-    arguments = parser.parse_args()
-    cluster, screen, program, status = Cluster(), Screen(arguments.size), None, 1
-    try:
-        prepare(arguments.program, cluster.port)
-        program = Sorvik(arguments.program, screen, arguments.out, arguments.probe)
-        play(program, cluster, arguments.probe)
-        expect("status", program.exit(), 0)
-        print(f"kluster: {len(stored(program))} spots, 0 differences")
-        status = 0
-    except AssertionError as failure:
-        print(failure, file=sys.stderr)
-        if program:
-            program.picture("failure")
-    finally:
-        if program:
-            program.kill()
-        screen.close()
-    return status
+    return f"kluster: {len(stored(program))} spots, 0 differences"
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    cluster = Cluster()
+    sys.exit(perform(prepare=lambda folder: prepare(folder, cluster.port),
+                     play=lambda program, probe: play(program, cluster, probe)))

@@ -9,4 +9,5 @@ trap 'rm -rf "$folder"' EXIT
 cp -r "$1" "$folder/Sorvik"
 python3 "$(dirname "$0")/play.py" --program "$folder/Sorvik" --out "$2"
 python3 "$(dirname "$0")/kluster.py" --program "$folder/Sorvik" --out "$2"
+python3 "$(dirname "$0")/radio.py" --program "$folder/Sorvik" --out "$2"
 echo "pictures and logs as text: $2"
