@@ -11,26 +11,16 @@
 //
 // A log has N contacts on one band with N/3 stations in 250 squares and 40 countries; seeds are fixed.
 
-#include "contest/DeladeVärden.h"
-#include "contest/frTest.h"
+#include "Bänkprogram.h"
 #include "platform/application.h"
 #include "platform/clock.h"
-#include "platform/dialogs.h"
-#include "platform/paths.h"
-#include "platform/windows.h"
-#include "store/Databaser.h"
-#include "support/Provmapp.h"
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
-#include <QTest>
 #include <benchmark/benchmark.h>
 
 #include <map>
 #include <random>
-
-#include <sqlite3.h>
 
 namespace {
 
@@ -101,38 +91,13 @@ private:
 };
 
 /// The program on a log of so many contacts, in a folder on the disk or in memory.
-class Program {
+class Program : public Bänkprogram {
 public:
     Program(int test, unsigned kontakter, const QString& plats)
-        : mapp_(plats + QStringLiteral("/sorvik-bench-XXXXXX")) {
-        KopieraMapp(QStringLiteral(SORVIK_DATA), mapp_.path() + QStringLiteral("/Data"));
-        platform::SetProgramFolder(mapp_.path());
-        delat = {};
-        NollställDatabaser();
-        SkrivStation();
-        FyllLogg(test, kontakter);
-        platform::Dialogs().message = [](const QString& text, const QString&) {
-            qFatal("%s", qPrintable(text));
-        };
-        HoppaÖverSplash();
-        Fönster().Ladda();
-        (void)QTest::qWaitForWindowActive(&Fönster());
+        : Bänkprogram(plats, [=] { FyllLogg(test, kontakter); }) {
         Öppna();
     }
-    ~Program() {
-        platform::DestroyAllWindows();
-        NollställDatabaser();
-    }
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
 
-    static frTest& Fönster() { return frTest::instans(); }
-    QString Logg() const { return platform::DataPath(QStringLiteral("Loggar/bench.svk")); }
-    void Öppna() const {
-        delat.TestLoggFil = Logg();
-        Fönster().VerkställÖppnaTestLogg();
-        QCoreApplication::processEvents();
-    }
     /// A filled form, the caret in the exchange.
     void Fyll(unsigned station, const QString& löpnr = {}) const {
         frTest& f = Fönster();
@@ -144,24 +109,15 @@ public:
     }
 
 private:
-    void SkrivStation() const {
-        sqlite3* databas = nullptr;
-        sqlite3_open(platform::DataPath(QStringLiteral("SVD.Dat")).toUtf8().constData(), &databas);
-        Kör(databas, "UPDATE SVDINI SET OpSignal='SK7MW', OpTestLokator='JO65MR', OpTestDatum='2026-12-01'");
-        sqlite3_close(databas);
-    }
-    void FyllLogg(int test, unsigned kontakter) const {
-        QFile::copy(platform::DataPath(QStringLiteral("SVK")), Logg());
+    static void FyllLogg(int test, unsigned kontakter) {
+        NyLogg(test);
         Radskrivare skrivare(Logg());
         std::mt19937 slump(1);
-        Kör(skrivare.Databas(), qPrintable(QStringLiteral("UPDATE INFO SET Aktuellt_Test=%1").arg(test)));
         Kör(skrivare.Databas(), "BEGIN");
         const unsigned stationer = std::max(1U, kontakter / 3);
         for (unsigned n = 0; n < kontakter; ++n) skrivare.Rad(n, slump() % stationer);
         Kör(skrivare.Databas(), "COMMIT");
     }
-
-    QTemporaryDir mapp_;
 };
 
 const QString iMinne = QStringLiteral("/dev/shm");

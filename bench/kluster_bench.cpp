@@ -12,34 +12,20 @@
 //   Grow/spots:N      N spots into one store: bytes of memory for a stored spot
 //
 // The server is a thread of its own that writes as fast as the socket takes it.
+#include "Bänkprogram.h"
+#include "Operatör.h"
 #include "cluster/DXClusterModul.h"
 #include "cluster/DXSpottModul.h"
 #include "cluster/frDXCluster.h"
 #include "cluster/frDXSpott.h"
 #include "cluster/frDXSpottLogg.h"
-#include "contest/DeladeVärden.h"
-#include "contest/frTest.h"
 #include "platform/application.h"
 #include "platform/clock.h"
-#include "platform/dialogs.h"
-#include "platform/paths.h"
-#include "platform/windows.h"
-#include "store/Databaser.h"
-#include "support/Provmapp.h"
-
-#include <QElapsedTimer>
-#include <QInputDevice>
-#include <QKeyEvent>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <arpa/inet.h>
-#include <atomic>
 #include <fstream>
-#include <mutex>
 #include <sqlite3.h>
 #include <sys/socket.h>
 #include <thread>
@@ -141,39 +127,16 @@ void FyllLager(const QString& fil, qint64 antal) {
     sqlite3_close(databas);
 }
 
-void SkrivStation() {
-    sqlite3* databas = nullptr;
-    if (sqlite3_open(platform::DataPath(QStringLiteral("SVD.Dat")).toUtf8().constData(), &databas) !=
-            SQLITE_OK ||
-        sqlite3_exec(databas, "UPDATE SVDINI SET OpSignal='SK7MW', OpTestLokator='JO65MR'", nullptr, nullptr,
-                     nullptr) != SQLITE_OK)
-        qFatal("%s", sqlite3_errmsg(databas));
-    sqlite3_close(databas);
-}
-
 /// The program with a log open, connected to a cluster, on a store of so many spots.
-class Program {
+class Program : public Bänkprogram {
 public:
-    explicit Program(qint64 lagrade) {
-        KopieraMapp(QStringLiteral(SORVIK_DATA), mapp_.path() + QStringLiteral("/Data"));
-        platform::SetProgramFolder(mapp_.path());
-        delat = {};
-        kluster = {};
-        NollställDatabaser();
-        SkrivStation();
-        FyllLager(platform::DataPath(QStringLiteral("DXSpott.Dat")), lagrade);
-        platform::Dialogs().message = [](const QString& text, const QString&) {
-            qFatal("%s", qPrintable(text));
-        };
-        HoppaÖverSplash();
-        frTest& f = frTest::instans();
-        f.Ladda();
-        delat.AktuelltTest = 1;
-        const QString logg = platform::DataPath(QStringLiteral("Loggar/bench.svk"));
-        QFile::copy(platform::DataPath(QStringLiteral("SVK")), logg);
-        QFile::setPermissions(logg, QFile::ReadOwner | QFile::WriteOwner);
-        delat.TestLoggFil = logg;
-        f.VerkställÖppnaTestLogg();
+    explicit Program(qint64 lagrade)
+        : Bänkprogram(QStringLiteral("/dev/shm"), [lagrade] {
+            kluster = {};
+            NyLogg(1);
+            FyllLager(platform::DataPath(QStringLiteral("DXSpott.Dat")), lagrade);
+        }) {
+        Öppna();
         kluster.DXVärdAdress = QStringLiteral("127.0.0.1");
         kluster.DXVärdPort = server.Port();
         kluster.ClusterTyp = 1;
@@ -181,14 +144,12 @@ public:
         server.TaEmot();
         frDXSpott::instans().Visa();
         frDXCluster::instans().Visa();
-        f.activateWindow();
-        (void)QTest::qWaitForWindowActive(&f);
-        f.txtSignal->setFocus();
+        Fönster().activateWindow();
+        (void)QTest::qWaitForWindowActive(&Fönster());
+        Fönster().txtSignal->setFocus();
     }
-    ~Program() {
-        platform::DestroyAllWindows();
-        NollställDatabaser();
-    }
+    // The cluster's windows go before the server does: it waits for whom it talks to.
+    ~Program() { platform::DestroyAllWindows(); }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -198,71 +159,7 @@ public:
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 
-private:
-    QTemporaryDir mapp_{QStringLiteral("/dev/shm/sorvik-bench-XXXXXX")};
-
-public:
     Server server;
-};
-
-/// An operator who presses a key every 25 milliseconds, and how long each took.
-class Operatör : public QObject {
-public:
-    explicit Operatör(QWidget* fält)
-        : fält_(fält) {
-        klocka_.start();
-        QInputDevice::primaryKeyboard(); // made here, not in the thread
-        fält_->installEventFilter(this);
-        tråd_ = std::thread([this] {
-            for (int n = 0; !slut_; ++n) {
-                {
-                    const std::lock_guard lås(vakt_);
-                    tryckta_.push_back(klocka_.nsecsElapsed());
-                }
-                const bool radera = n % 6 == 5;
-                QCoreApplication::postEvent(
-                    fält_, new QKeyEvent(QEvent::KeyPress, radera ? Qt::Key_Backspace : Qt::Key_unknown,
-                                         radera ? Qt::ControlModifier : Qt::NoModifier,
-                                         radera ? QString() : QString(QLatin1Char("SM5AB"[n % 6]))));
-                std::this_thread::sleep_for(std::chrono::milliseconds(25));
-            }
-        });
-    }
-    ~Operatör() override {
-        slut_ = true;
-        tråd_.join();
-        QCoreApplication::removePostedEvents(fält_, QEvent::KeyPress);
-    }
-    bool eventFilter(QObject* mottagare, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || inne_) return false;
-        inne_ = true;
-        QCoreApplication::sendEvent(mottagare, event);
-        inne_ = false;
-        const std::lock_guard lås(vakt_);
-        tider.push_back(static_cast<double>(klocka_.nsecsElapsed() - tryckta_[tider.size()]) / 1e6);
-        return true;
-    }
-    double Andel(double del) {
-        std::vector<double> räknade(tider.begin() + static_cast<std::ptrdiff_t>(börjar_), tider.end());
-        if (räknade.empty()) return 0;
-        std::sort(räknade.begin(), räknade.end());
-        return räknade[static_cast<size_t>(del * static_cast<double>(räknade.size() - 1))];
-    }
-
-    /// What has been measured so far does not count: the first key of all has fonts and lists to load.
-    void Glöm() { börjar_ = tider.size(); }
-
-    std::vector<double> tider; ///< milliseconds
-
-private:
-    QWidget* fält_;
-    size_t börjar_ = 0;
-    QElapsedTimer klocka_;
-    std::mutex vakt_;
-    std::vector<qint64> tryckta_;
-    std::atomic<bool> slut_ = false;
-    bool inne_ = false;
-    std::thread tråd_;
 };
 
 double MinneMB() {
