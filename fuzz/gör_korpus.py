@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
-"""Writes the seed corpus fuzz/korpus/kluster: text as clusters of several kinds send it, and the two files.
+"""Writes the seed corpora.
 
-Calls and notes are made up; the shape of the lines is that of the field.
+fuzz/korpus/kluster: text as clusters of several kinds send it, and the two files. Calls and notes are made up; the
+shape of the lines is that of the field.
+fuzz/korpus/rigctld: what rigctld answers, its list of radios, the settings' file, addresses.
 """
 from pathlib import Path
 
@@ -26,13 +28,28 @@ OTHER = (b"Hello XX9AA, this is XX9ZZ-1\r\nXX9AA de XX9ZZ-1 21-Nov-2026 1333Z >\
 SITE = b'"Klustret, norra"\r\n"kluster.example"\r\n7300\r\n 1 \r\n'
 PRESETS = b"#TRUE#\r\n" * 9 + b"#FALSE#\r\n1.wav\r\n" + b"#TRUE#\r\n" * 7
 
-folder = Path(__file__).parent / "korpus" / "kluster"
-folder.mkdir(parents=True, exist_ok=True)
 seeds = {name: b"\x04" + line for name, line in SPOTS.items()}
 seeds["all"] = b"\x04" + LOGIN + OTHER + b"".join(SPOTS.values())
 seeds["all_repeats"] = b"\x0b" + b"".join(SPOTS.values()) * 2
 seeds["screen"] = b"\x02" + LOGIN + bytes(range(256))
 seeds["site"] = b"\x00" + SITE
 seeds["presets"] = b"\x01" + PRESETS
-for name, content in seeds.items():
-    (folder / name).write_bytes(content)
+
+RIGS = (b'"adress","127.0.0.1:4532",0,"",0\r\n"modell","",3073,"/dev/ttyUSB0",19200\r\n'
+        b'"av","",0,"",0\r\n"av","",0,"",0\r\n')
+MODELS = (b" Rig #  Mfg                    Model                   Version         Status      Macro\n"
+          b"     1  Hamlib                 Dummy                   20221128.0      Stable      RIG_MODEL_DUMMY\n"
+          b"  1004  Yaesu                  MARK-V FT-1000MP        20230104.0      Stable      RIG_MODEL_X\n")
+rigctld = {
+    "vfo_mode": b"\x001\n", "vfo_mode_word": b"\x00CHKVFO 0\n", "frequency": b"\x0114074000\n",
+    "frequency_decimals": b"\x0114074000.000000\n", "frequency_refused": b"\x01RPRT -5\n",
+    "frequency_negative": b"\x01-9223372036854775808\n", "mode": b"\x02PKTUSB\n3000\n", "mode_minus": b"\x02CW\n-1\n",
+    "mode_refused": b"\x02RPRT -11\n", "done": b"\x03RPRT 0\n", "refused": b"\x03RPRT -1\n", "models": b"\x04" + MODELS,
+    "settings": b"\x05" + RIGS, "address": b"\x06shack.local:4534", "address_6": b"\x06[fe80::1]:4532",
+}
+
+for name, contents in (("kluster", seeds), ("rigctld", rigctld)):
+    folder = Path(__file__).parent / "korpus" / name
+    folder.mkdir(parents=True, exist_ok=True)
+    for seed, content in contents.items():
+        (folder / seed).write_bytes(content)
