@@ -2,6 +2,7 @@
 
 #include "contest/TestKatalog.h"
 #include "platform/datagrid.h"
+#include "platform/serialport.h"
 #include "platform/timer.h"
 #include "platform/widgets.h"
 
@@ -63,6 +64,9 @@ public:
     QPlainTextEdit *RXWindow, *TXWindow;
 
     platform::Timer *TestTimer, *TimerAktiv, *TimerVila, *Timer_Wait, *Nettimer;
+    // Left from the time before the rig service: a clock without work and a line that nobody opens.
+    platform::Timer* Timer_Radio;
+    platform::SerialPort* mscRadio1;
 
     /// A menu or menu entry by its name. @throws std::out_of_range
     QAction* Meny(const char* namn) const { return menyer_.at(QString::fromUtf8(namn)); }

@@ -163,6 +163,9 @@ void frTest::ByggFönster() {
         QStringLiteral("Timer_Wait"), [this] { Timer_Wait_Tick(); }, this);
     Nettimer = new platform::Timer(
         QStringLiteral("Nettimer"), [this] { UppdateraViaNät(); }, this);
+    Timer_Radio = new platform::Timer(
+        QStringLiteral("Timer_Radio"), [] {}, this);
+    mscRadio1 = new platform::SerialPort(QStringLiteral("mscRadio1"), this);
     ByggStatusrad();
 }
 

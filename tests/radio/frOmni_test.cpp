@@ -348,6 +348,18 @@ TEST_F(RadioProv, BandOmniLeavesTheBand) {
     EXPECT_EQ(f.cmbBand->Text(), band);
 }
 
+TEST_F(RadioProv, TheOldRadioLineIsNotUsed) {
+    frTest& f = StartaMedRadio();
+    tjänst->Läge(1, 14025000);
+    EXPECT_EQ(f.findChild<QObject*>("Timer_Radio"), f.Timer_Radio);
+    EXPECT_EQ(f.findChild<QObject*>("mscRadio1"), f.mscRadio1);
+    f.Timer_Radio->Tick();
+    f.Meny("mnuInställning_RadioPort")->trigger();
+    EXPECT_EQ(f.Timer_Radio->Interval(), 0);
+    EXPECT_FALSE(f.mscRadio1->PortOpen());
+    EXPECT_EQ(f.txtFrekvens->text(), "14,025,00");
+}
+
 // ---- its place ----------------------------------------------------------------------------------------
 
 TEST_F(RadioProv, TheWindowHidesNothingOfTheEntryForm) {
