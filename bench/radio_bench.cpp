@@ -1,17 +1,14 @@
-// How soon the entry form shows what the radio does, and whether a radio that does not answer holds anything
-// up.
+// How soon the entry form shows what the radio does, and whether a radio that fails holds anything up.
 //
-//   Delay/own:0       from a change at a rigctld that runs already, Hamlib's with its dummy radio, to the
-//   text in
-//                     txtFrekvens. The knob is turned at times that have nothing to do with the program's
-//                     questions. Counters: median, 95 %, longest, in milliseconds.
-//   Delay/own:1       the same with a radio at this machine: a rigctld that the program has started stands
-//                     between, and remembers for a while what it has read
-//   Stall/K           longest time, in milliseconds, that a key in txtSignal waits and takes, pressed every
-//   25 ms
-//                     for six seconds in which the operator tunes twice a second as well: 0 a radio that
-//                     answers, 1 one whose daemon hangs, 2 one that talks nonsense, 3 one that hangs up at
-//                     once, 4 no radio
+//   Delay/own:0   from a change at Hamlib's dummy radio, behind a rigctld that runs already, to the text in
+//                 txtFrekvens. The knob is turned at times that have nothing to do with the program's
+//                 questions. Counters: median, 95 %, longest, in milliseconds.
+//   Delay/own:1   the same with a radio at this machine: a rigctld that the program has started stands
+//                 between, and remembers for a while what it has read
+//   Stall/K       longest time, in milliseconds, that a key in txtSignal waits and takes. One is pressed
+//                 every 25 ms for six seconds, and the radio tuned twice a second. K is the radio: 0 one
+//                 that answers, 1 one whose daemon hangs, 2 one that talks nonsense, 3 one that hangs up
+//                 at once, 4 none
 #include "Bänkprogram.h"
 #include "Operatör.h"
 #include "platform/application.h"

@@ -86,9 +86,9 @@ public:
     void mnuRadio_Av_Click();
     void mnuRadio_Shift_Click();
     void cmbBand_Click();
-    /// The menu's marks, and the frequency's colour once rig control is off.
+    /// The menu's marks as rig control is; once it is off, the frequency loses its colour too.
     void VisaRadioläge();
-    /// Light green: the frequency is the radio's.
+    /// Light green as soon as a radio has told of itself; a frequency without a form leaves the text.
     void FärgaFrekvens(bool följer);
 
     // ---- life of the window ---------------------------------------------------------------------------

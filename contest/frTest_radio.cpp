@@ -13,6 +13,8 @@ void frTest::mnuRadio_På_Click() {
         SBarTest(2, QStringLiteral("OmniRig Aktiv"));
         Vänsterkant(platform::Twips(4990));
     } catch (const platform::Failure&) {
+        // A window that is half loaded would be taken for one that is whole the next time.
+        frOmni::LaddaUr();
         platform::MsgBox(QStringLiteral("Kan inte hitta Progamfilen!"), QStringLiteral("Filfel"));
     }
     VisaRadioläge();

@@ -2,6 +2,7 @@
 
 #include "platform/omnirig/omnirig.h"
 
+#include <algorithm>
 #include <array>
 
 namespace radio {

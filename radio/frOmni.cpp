@@ -12,6 +12,8 @@
 #include <QFormLayout>
 #include <QScreen>
 
+#include <utility>
+
 using platform::Named;
 using platform::Twips;
 
@@ -74,6 +76,7 @@ void frOmni::Visa() {
     if (!std::exchange(laddad_, true)) {
         StartaOmniRig();
         Init_Fönster();
+        Command1->setFocus(); // not a rig, which a key that is meant for the log would exchange
     }
     platform::ShowInFront(*this);
 }
@@ -84,9 +87,10 @@ void frOmni::Init_Fönster() {
     // Beside the main window, which makes room for it, and under the spots; on a screen that has none, down
     // at the log beside them, where it hides nothing of the entry form.
     const QRect skärm = screen()->availableGeometry();
-    const bool harRum = width() + frTest::instans().width() <= skärm.width();
+    const int kant = Twips(4990); // where the main window's left edge is put
+    const bool harRum = width() <= kant && kant + frTest::instans().width() <= skärm.width();
     platform::MoveOntoScreen(*this, harRum ? QPoint(0, Twips(6600))
-                                           : QPoint(Twips(4990), skärm.bottom() - height() - Twips(900)));
+                                           : QPoint(kant, skärm.bottom() - height() - Twips(900)));
 }
 
 void frOmni::StartaOmniRig() {

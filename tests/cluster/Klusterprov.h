@@ -29,6 +29,14 @@ protected:
         for (int i = 0; i < frDXSpott::kolumner; ++i) texter << Rutnät().Cell(rad, i);
         return texter;
     }
+    /// Double-clicks the second cell of a row with the mouse.
+    static void Dubbelklicka(QAbstractItemView& rutnät, int rad) {
+        const QModelIndex cell = rutnät.model()->index(rad, 1);
+        rutnät.scrollTo(cell);
+        const QPoint plats = rutnät.visualRect(cell).center();
+        QTest::mouseClick(rutnät.viewport(), Qt::LeftButton, {}, plats);
+        QTest::mouseDClick(rutnät.viewport(), Qt::LeftButton, {}, plats);
+    }
     /// The stored spots, read from outside: call, frequency, mode, band.
     std::vector<std::vector<QString>> Lagrade() const {
         return Läs(Fil("DXSpott.Dat"),

@@ -28,13 +28,6 @@ protected:
         EXPECT_TRUE(Aktivera(f));
         return f;
     }
-    static void Dubbelklicka(QAbstractItemView& rutnät, int rad) {
-        const QModelIndex cell = rutnät.model()->index(rad, 1);
-        rutnät.scrollTo(cell);
-        const QPoint plats = rutnät.visualRect(cell).center();
-        QTest::mouseClick(rutnät.viewport(), Qt::LeftButton, {}, plats);
-        QTest::mouseDClick(rutnät.viewport(), Qt::LeftButton, {}, plats);
-    }
     static frDXSpottLogg& Sök(const QString& ord) {
         frDXSpottLogg& f = Loggfönster();
         f.txtSökOrd->setText(ord);

@@ -30,7 +30,10 @@ public:
     }
     ~ProvOmniRig() override { lever_ = false; }
     int InterfaceVersion() const override { return version_; }
-    Rigg& Rig(int number) override { return riggar.at(static_cast<size_t>(number - 1)); }
+    Rigg& Rig(int number) override {
+        if (trasig) throw platform::Failure("trasig");
+        return riggar.at(static_cast<size_t>(number - 1));
+    }
     void ShowDialog(QWidget* over) override { inställning = over; }
 
     /// The rig tells of itself, as the service would when it has changed.
@@ -45,6 +48,7 @@ public:
     }
 
     std::array<Rigg, 4> riggar;
+    bool trasig = false;            ///< a service that fails
     QWidget* inställning = nullptr; ///< where the settings were asked for
 
 private:

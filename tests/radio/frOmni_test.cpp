@@ -2,6 +2,7 @@
 #include "radio/Radioprov.h"
 
 #include "cluster/DXSpottModul.h"
+#include "cluster/frDXSpott.h"
 #include "platform/windows.h"
 
 namespace {
@@ -112,7 +113,9 @@ TEST_F(RadioProv, VersionsOf256And666AreRefused) {
     for (const int fel : {256, 666}) {
         version = fel;
         Form().Meny("mnuRadio_På")->trigger();
-        EXPECT_EQ(Tag().text, "OmniRig är inte installerat eller har fel verision nummer!");
+        EXPECT_EQ(Tag(), (Meddelande{"OmniRig är inte installerat eller har fel verision nummer!",
+                                     "Radio (OmniRig)"}));
+        meddelanden.clear();
         EXPECT_FALSE(Fönster().OmniRigEngine);
         EXPECT_FALSE(lever);
         Form().Meny("mnuRadio_Av")->trigger();
@@ -134,6 +137,9 @@ TEST_F(RadioProv, WithoutTheServiceTheWindowStaysWithoutARig) {
     EXPECT_TRUE(Fönster().isVisible());
     EXPECT_TRUE(delat.RadioPå);
     EXPECT_EQ(f.SBarTest(2), "OmniRig Aktiv");
+    // On again is the same window, and no second message.
+    f.Meny("mnuRadio_På")->trigger();
+    EXPECT_TRUE(meddelanden.empty());
     // Nothing that needs a rig does anything.
     Fönster().Option[1]->click();
     Fönster().Command1->click();
@@ -143,6 +149,28 @@ TEST_F(RadioProv, WithoutTheServiceTheWindowStaysWithoutARig) {
     f.Meny("mnuRadio_Shift")->trigger();
     EXPECT_EQ(f.txtFrekvens->text(), "7,022,50");
     EXPECT_EQ(Fönster().Label8->text(), "");
+    f.cmdAvbryt->click();
+    EXPECT_EQ(f.txtFrekvens->text(), "") << "the window knows of no frequency";
+    NyLogg(9, "prov2.svk");
+    f.cmbBand->setCurrentIndex(1);
+    SpottTillFormulär({.signal = "SM7ABC", .frekvens = "7,005,00", .trafiksätt = "CW", .band = "40 M"});
+    EXPECT_EQ(f.txtFrekvens->text(), "7,005,00");
+}
+
+TEST_F(RadioProv, AServiceThatFailsLeavesRigControlOff) {
+    förbered = [](ProvOmniRig& ny) { ny.trasig = true; };
+    frTest& f = StartaMedRadio();
+    EXPECT_EQ(Tag(), (Meddelande{"Kan inte hitta Progamfilen!", "Filfel"}));
+    meddelanden.clear();
+    EXPECT_FALSE(lever);
+    EXPECT_FALSE(delat.RadioPå);
+    EXPECT_FALSE(f.Meny("mnuRadio_På")->isChecked());
+    EXPECT_TRUE(f.Meny("mnuRadio_Av")->isChecked());
+    EXPECT_FALSE(platform::SingleWindow<frOmni>::exists());
+    förbered = {};
+    f.Meny("mnuRadio_På")->trigger();
+    EXPECT_TRUE(delat.RadioPå);
+    EXPECT_EQ(Fönster().Rig, &tjänst->Rig(1));
 }
 
 TEST_F(RadioProv, SettingsAreTheServicesOwn) {
@@ -160,10 +188,12 @@ TEST_F(RadioProv, TheFrequencyIsShownOnLightGreen) {
         const char* visning;
     };
     for (const Fall& fall : {Fall{14025000, "14,025,00"}, {1825000, "1,825,00"}, {144300000, "144,300,00"}}) {
+        f.FärgaFrekvens(false);
         tjänst->Läge(1, fall.hertz, platform::rigmode::CwUpper);
         EXPECT_EQ(f.txtFrekvens->text(), fall.visning);
         EXPECT_EQ(Fönster().Label3->text(), fall.visning);
         EXPECT_EQ(Frekvensfärg(), ljusgrön);
+        EXPECT_EQ(f.txtFrekvens->palette().color(QPalette::Text), QColor(Qt::black));
         EXPECT_EQ(Fönster().lblTrafiksätt->text(), "CW_U");
     }
     EXPECT_EQ(delat.RadioFrekvens, "14430000");
@@ -171,9 +201,9 @@ TEST_F(RadioProv, TheFrequencyIsShownOnLightGreen) {
 
 TEST_F(RadioProv, OtherLengthsLeaveTheFieldButColourIt) {
     frTest& f = StartaMedRadio();
-    f.FärgaFrekvens(false);
     f.txtFrekvens->setText("7,022,50");
     for (const qint64 hertz : {0LL, 5LL, 472000LL, 1296200000LL, 10368100000LL}) {
+        f.FärgaFrekvens(false);
         tjänst->Läge(1, hertz);
         EXPECT_EQ(f.txtFrekvens->text(), "7,022,50") << hertz;
         EXPECT_EQ(Fönster().Label3->text(), "7,022,50") << hertz;
@@ -206,6 +236,30 @@ TEST_F(RadioProv, ChoosingARigShowsItAtOnce) {
     EXPECT_EQ(Fönster().lblTrafiksätt->text(), "CW_L");
     tjänst->Läge(1, 14025000);
     EXPECT_EQ(f.txtFrekvens->text(), "3,550,00");
+}
+
+TEST_F(RadioProv, EachOptionChoosesItsRig) {
+    StartaMedRadio();
+    for (const int nummer : {2, 1, 4, 3, 1}) {
+        Fönster().Option[static_cast<size_t>(nummer - 1)]->click();
+        EXPECT_EQ(Fönster().RigNummer, nummer);
+        EXPECT_EQ(Fönster().Rig, &tjänst->Rig(nummer));
+    }
+}
+
+TEST_F(RadioProv, TheStatusOfARigThatIsChosenIsKnownBeforeItsFrequency) {
+    förbered = [](ProvOmniRig& ny) {
+        ny.Rig(1).status = "Rig is not responding";
+        ny.Rig(1).frekvens = 14025000;
+        ny.Rig(2).frekvens = 7010000;
+    };
+    StartaMedRadio();
+    EXPECT_EQ(delat.RadioFrekvens, "") << "rig 1 is off line";
+    Fönster().Option[1]->click();
+    EXPECT_EQ(delat.RadioFrekvens, "701000");
+    Fönster().Option[0]->click();
+    EXPECT_EQ(delat.RadioFrekvens, "701000");
+    EXPECT_EQ(Form().txtFrekvens->text(), "14,025,00");
 }
 
 TEST_F(RadioProv, OffLineTheFrequencyIsWrittenButNotRemembered) {
@@ -289,6 +343,42 @@ TEST_F(RadioProv, NothingIsSentWhileRigControlIsOff) {
     EXPECT_FALSE(platform::SingleWindow<frOmni>::exists());
 }
 
+TEST_F(RadioProv, WhatIsSentIsTheFieldsTextAndOnlyWhileRigControlIsOn) {
+    frTest& f = StartaMedRadio();
+    f.txtFrekvens->setText("7,022,50");
+    Fönster().RadioSkick("3,500,00");
+    EXPECT_EQ(tjänst->Rig(1).skrivet, (QList<std::pair<char, int>>{{'A', 7022500}, {'F', 7022500}}));
+    tjänst->Rig(1).skrivet.clear();
+    delat.RadioPå = false;
+    Fönster().RadioSkick("3,500,00");
+    EXPECT_TRUE(tjänst->Rig(1).skrivet.isEmpty());
+}
+
+TEST_F(RadioProv, EachLengthTunesTheSame) {
+    StartaMedRadio();
+    Fönster().Freq6("350000");
+    Fönster().Freq7("1402500");
+    Fönster().Freq8("14430000");
+    QList<int> hertz;
+    for (const auto& [vfo, värde] : tjänst->Rig(1).skrivet)
+        if (vfo == 'F') hertz << värde;
+    EXPECT_EQ(hertz, QList<int>({3500000, 14025000, 144300000}));
+}
+
+TEST_F(RadioProv, ALogWithAListOfBandsIsOpenedWithItsFirstOneChosen) {
+    // The list's first row is chosen by code, and that is a click like another.
+    frTest& f = StartaMedRadio(1);
+    tjänst->Läge(1, 14025000);
+    NyLogg(9, "prov2.svk");
+    EXPECT_EQ(tjänst->Rig(1).skrivet, (QList<std::pair<char, int>>{{'A', 14025000}, {'F', 14025000}}));
+    EXPECT_EQ(f.txtFrekvens->text(), "14,025,00");
+    f.Meny("mnuArkiv_StängTestlogg")->trigger();
+    EXPECT_TRUE(delat.RadioPå);
+    tjänst->Läge(1, 7010000);
+    EXPECT_EQ(f.txtFrekvens->text(), "7,010,00");
+    EXPECT_EQ(tjänst->Rig(1).skrivet.size(), 2);
+}
+
 TEST_F(RadioProv, TheRigThatIsChosenIsTuned) {
     frTest& f = StartaMedRadio();
     Fönster().Option[3]->click();
@@ -341,6 +431,25 @@ TEST_F(RadioProv, ASpotOnTheBandThatWasTypedOverTunesTheRadio) {
     EXPECT_EQ(tjänst->Rig(1).skrivet.size(), 2);
 }
 
+TEST_F(RadioProv, ASpotThatTheMenuTakesLeavesTheRadio) {
+    frTest& f = StartaMedRadio(9);
+    tjänst->Läge(1, 14025000);
+    tjänst->Rig(1).skrivet.clear();
+    frDXSpott::instans().SkrivRad(1, {"XX9AA", "SM7ABC", "7,005,00", "CW", "", "40"});
+    f.Meny("mnuDXSpot_Visa")->trigger();
+    EXPECT_EQ(f.txtSignal->text(), "SM7ABC");
+    EXPECT_EQ(f.txtFrekvens->text(), "7,005,00");
+    EXPECT_TRUE(tjänst->Rig(1).skrivet.isEmpty());
+}
+
+TEST_F(RadioProv, TheKeysOfANewWindowChangeNoRig) {
+    StartaMedRadio();
+    ASSERT_TRUE(Aktivera(Fönster()));
+    EXPECT_TRUE(Fönster().Command1->hasFocus());
+    for (const Qt::Key tangent : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Return}) Tryck(tangent);
+    EXPECT_EQ(Fönster().RigNummer, 1);
+}
+
 TEST_F(RadioProv, BandOmniLeavesTheBand) {
     frTest& f = StartaMedRadio(11);
     const QString band = f.cmbBand->Text();
@@ -373,4 +482,12 @@ TEST_F(RadioProv, TheWindowHidesNothingOfTheEntryForm) {
     const QRect formulär(f.frmLogg->mapToGlobal(QPoint()), f.frmLogg->size());
     EXPECT_FALSE(Fönster().frameGeometry().intersects(formulär));
     EXPECT_NE(Fönster().frameGeometry().intersects(f.frameGeometry()), storSkärm);
+    if (storSkärm) {
+        EXPECT_EQ(Fönster().pos(), QPoint(0, 440));
+    } else {
+        EXPECT_GT(Fönster().y(), skärm.center().y());
+    }
+    Fönster().move(20, 30);
+    f.Meny("mnuRadio_På")->trigger();
+    EXPECT_EQ(Fönster().pos(), QPoint(20, 30)) << "where the operator has put it";
 }

@@ -2,7 +2,8 @@
 // chooses reaches the radio.
 #include "radio/Radioprov.h"
 
-#include "cluster/DXSpottModul.h"
+#include "cluster/Klusterprov.h"
+#include "cluster/frDXSpottLogg.h"
 #include "platform/omnirig/hamlibservice.h"
 #include "platform/omnirig/rigsettings.h"
 #include "platform/windows.h"
@@ -11,7 +12,7 @@ namespace {
 
 using platform::RigSettings;
 
-class RigctldProv : public Programprov {
+class RigctldProv : public Klusterprov {
 protected:
     static frTest& Form() { return frTest::instans(); }
     static frOmni& Fönster() { return frOmni::instans(); }
@@ -58,7 +59,7 @@ TEST_F(RigctldProv, TheFrequencyAndTheModeFollowTheRadio) {
 TEST_F(RigctldProv, ABandClickAndASpotTuneTheRadio) {
     Rigctld radio;
     Ställ({radio.Adress()});
-    frTest& f = StartaLogg(11);
+    frTest& f = StartaLogg(9);
     f.Meny("mnuRadio_På")->trigger();
     ASSERT_TRUE(Status("On-line"));
     const auto står = [&](qint64 hertz) {
@@ -66,13 +67,22 @@ TEST_F(RigctldProv, ABandClickAndASpotTuneTheRadio) {
     };
     f.txtFrekvens->setText("7,022,50");
     f.cmbBand->setCurrentIndex(1);
+    f.txtFrekvens->clear();
     EXPECT_TRUE(står(7022500));
-    ASSERT_TRUE(Visar("7,022,50"));
-    SpottTillFormulär(
-        {.signal = "SM7ABC", .frekvens = "21,005,00", .trafiksätt = "CW", .band = f.cmbBand->itemText(0)});
+    EXPECT_TRUE(Visar("7,022,50"));
+    Ta(Rad("SM7ABC", "21005.0") + Rad("OH2BH", "3525.0"));
+    frDXSpott::instans().Visa();
+    Dubbelklicka(*frDXSpott::instans().fgDXSpott, 1);
+    EXPECT_EQ(f.cmbBand->Text(), "15 M");
     EXPECT_TRUE(står(21005000));
+    frDXSpottLogg::instans().Visa();
+    QTableView& logg = *frDXSpottLogg::instans().dgDXspottLogg;
+    Dubbelklicka(logg, 1);
+    EXPECT_EQ(f.cmbBand->Text(), "80 M");
+    EXPECT_TRUE(står(3525000));
     f.txtFrekvens->setText("144,300,00");
     f.Meny("mnuRadio_Shift")->trigger();
+    f.txtFrekvens->clear();
     EXPECT_TRUE(står(144300000));
     EXPECT_TRUE(Visar("144,300,00"));
 }

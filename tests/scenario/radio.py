@@ -3,9 +3,10 @@
 
     radio.py --program dist/Sorvik --out dist/tour [--probe FILE]
 
-The operator switches the radio on, sets its address, tests it and saves; the knob is turned, a band is chosen, the
-daemon is killed and started again, the radio is switched off. With the probe library the program's controls are
-looked at; without it only the radio is. Pictures of every window stay in the output folder.
+The operator switches the radio on, sets its address, tests it and saves; the knob is turned, a frequency typed and
+a band chosen, the daemon is killed and started again, the radio is switched off. That the choice has tuned the radio
+is asked of the radio; with the probe library the program's controls are looked at too. Pictures of every window
+stay in the output folder.
 """
 import socket
 import subprocess
@@ -61,11 +62,6 @@ def expect_text(program, probe, control, window, text):
         wait_for(f"{control} to read {text}", lambda: program.text(control, window) == text)
 
 
-def click(program, title, x, y):
-    window = program.xdotool("search", "--onlyvisible", "--name", title).stdout.split()[0]
-    program.xdotool("mousemove", "--window", window, str(x), str(y), "click", "1")
-
-
 def to_form(program):
     """From the radio's window, whichever of the two has the keys."""
     if "Radio" in program.xdotool("getactivewindow", "getwindowname").stdout:
@@ -80,7 +76,7 @@ def play(program, probe, radio):
     program.window("Radio (OmniRig)")
     program.picture("frOmni_utan_radio")
 
-    program.key("Tab", "space")  # Inställning
+    program.key("space")  # Inställning
     program.window("Radio Inst")
     program.picture("RigDialog")
     if probe:
@@ -112,6 +108,13 @@ def play(program, probe, radio):
     to_form(program)
     program.picture("frTest_radio")
 
+    program.key(*["Tab"] * 6)  # Frekvens
+    program.type("7,022,50")
+    program.key("shift+Tab", "shift+Tab", "Down")  # the next band
+    wait_for("the radio to be tuned", lambda: radio.frequency() == 7022500)
+    expect_text(program, probe, "Label3", "frOmni", "7,022,50")
+
+    program.key("Escape")
     radio.kill()
     expect_text(program, probe, "Label8", "frOmni", "Rig is not responding")
     program.picture("frOmni_tyst")
