@@ -4,6 +4,8 @@
 #include "platform/omnirig/riglink.h"
 #include "platform/omnirig/rigsettings.h"
 
+#include <QPointer>
+
 #include <array>
 #include <memory>
 

@@ -4,6 +4,9 @@
 
 #include <QHash>
 
+#include <algorithm>
+#include <optional>
+
 namespace platform::rigctld {
 
 namespace {
@@ -101,8 +104,11 @@ Answer ReadAnswer(Asked asked, const QByteArray& received) {
     return Garbage();
 }
 
+// Codes of rig_errcode_e in Hamlib's rig.h; of what it says, what an operator can act on.
+
+bool IsMissing(int error) { return error == -4 || error == -11; }
+
 QString ErrorText(int error) {
-    // Codes of rig_errcode_e in Hamlib's rig.h; what it says of each, as far as an operator can act on it.
     switch (error) {
     case 0: return QStringLiteral("radion anger ingen frekvens");
     case -2: return QStringLiteral("fel inställning av radion");
@@ -110,6 +116,7 @@ QString ErrorText(int error) {
     case -6: return QStringLiteral("fel på porten till radion");
     case -8: return QStringLiteral("radion svarar obegripligt");
     case -9: return QStringLiteral("radion vägrar");
+    case -4:
     case -11: return QStringLiteral("radion kan inte det");
     default: return QStringLiteral("fel %1 från radion").arg(error);
     }
@@ -117,28 +124,53 @@ QString ErrorText(int error) {
 
 int ModeOf(const QString& mode) {
     static const QHash<QString, int> modes{
-        {"CW", rigmode::CwUpper},      {"CWN", rigmode::CwUpper},
-        {"CWR", rigmode::CwLower},     {"USB", rigmode::Usb},
-        {"ECSSUSB", rigmode::Usb},     {"LSB", rigmode::Lsb},
-        {"ECSSLSB", rigmode::Lsb},     {"RTTY", rigmode::RttyLower},
-        {"RTTYR", rigmode::RttyUpper}, {"PKTUSB", rigmode::RttyUpper},
-        {"USB-D", rigmode::RttyUpper}, {"PKTLSB", rigmode::RttyLower},
-        {"LSB-D", rigmode::RttyLower}, {"PSK", rigmode::RttyUpper},
-        {"PSKR", rigmode::RttyLower},  {"FAX", rigmode::RttyUpper},
-        {"AM", rigmode::Am},           {"AMN", rigmode::Am},
-        {"AMS", rigmode::Am},          {"SAM", rigmode::Am},
-        {"SAL", rigmode::Am},          {"SAH", rigmode::Am},
-        {"DSB", rigmode::Am},          {"PKTAM", rigmode::Am},
-        {"AM-D", rigmode::Am},         {"FM", rigmode::Fm},
-        {"FMN", rigmode::Fm},          {"NFM", rigmode::Fm},
-        {"WFM", rigmode::Fm},          {"PKTFM", rigmode::Fm},
-        {"FM-D", rigmode::Fm},         {"PKTFMN", rigmode::Fm},
-        {"C4FM", rigmode::Fm},         {"DSTAR", rigmode::Fm},
-        {"D-STAR", rigmode::Fm},       {"P25", rigmode::Fm},
-        {"DPMR", rigmode::Fm},         {"NXDNVN", rigmode::Fm},
-        {"NXDN-VN", rigmode::Fm},      {"NXDN_N", rigmode::Fm},
-        {"NXDN-N", rigmode::Fm},       {"DCR", rigmode::Fm},
+        {"CW", rigmode::CwUpper},
+        {"CWN", rigmode::CwUpper},
+        {"CWR", rigmode::CwLower},
+        {"USB", rigmode::Usb},
+        {"ECSSUSB", rigmode::Usb},
+        {"LSB", rigmode::Lsb},
+        {"ECSSLSB", rigmode::Lsb},
+        {"RTTY", rigmode::RttyLower},
+        {"RTTYR", rigmode::RttyUpper},
+        {"PKTUSB", rigmode::RttyUpper},
+        {"USB-D", rigmode::RttyUpper},
+        {"PKTLSB", rigmode::RttyLower},
+        {"LSB-D", rigmode::RttyLower},
+        {"PSK", rigmode::RttyUpper},
+        {"PSKR", rigmode::RttyLower},
+        {"FAX", rigmode::RttyUpper},
+        {"AM", rigmode::Am},
+        {"AMN", rigmode::Am},
+        {"AMS", rigmode::Am},
+        {"SAM", rigmode::Am},
+        {"SAL", rigmode::Am},
+        {"SAH", rigmode::Am},
+        {"DSB", rigmode::Am},
+        {"PKTAM", rigmode::Am},
+        {"AM-D", rigmode::Am},
+        {"FM", rigmode::Fm},
+        {"FMN", rigmode::Fm},
+        {"NFM", rigmode::Fm},
+        {"WFM", rigmode::Fm},
+        {"PKTFM", rigmode::Fm},
+        {"FM-D", rigmode::Fm},
+        {"PKTFMN", rigmode::Fm},
+        {"C4FM", rigmode::Fm},
+        {"DSTAR", rigmode::Fm},
+        {"D-STAR", rigmode::Fm},
+        {"P25", rigmode::Fm},
+        {"DPMR", rigmode::Fm},
+        {"NXDNVN", rigmode::Fm},
+        {"NXDN-VN", rigmode::Fm},
+        {"NXDN_N", rigmode::Fm},
+        {"NXDN-N", rigmode::Fm},
+        {"DCR", rigmode::Fm},
         {"DD", rigmode::Fm},
+        {"ISBUSB", rigmode::Usb},
+        {"ISBLSB", rigmode::Lsb},
+        {"CW-R", rigmode::CwLower},
+        {"RTTY-R", rigmode::RttyUpper},
     };
     // SPEC and IQ are no modes of a signal.
     return modes.value(mode.toUpper(), rigmode::Unknown);

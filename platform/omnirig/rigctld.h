@@ -41,6 +41,8 @@ struct Answer {
 /// A frequency of 0 counts as refused: the radio has not told one.
 Answer ReadAnswer(Asked asked, const QByteArray& received);
 
+/// Whether a refusal says that the radio has no such thing, and not that it has failed.
+bool IsMissing(int error);
 /// What stands behind an error code, for the operator.
 QString ErrorText(int error);
 

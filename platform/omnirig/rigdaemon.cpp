@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <sys/prctl.h>
+#include <unistd.h>
 
 namespace platform {
 
@@ -39,7 +40,10 @@ void RigDaemon::Start(const QStringList& arguments) {
     process_ = process;
     process->setProcessChannelMode(QProcess::MergedChannels);
     process->setStandardInputFile(QProcess::nullDevice());
-    process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    process->setChildProcessModifier([parent = getpid()] {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (getppid() != parent) _exit(1); // gone already
+    });
     connect(process, &QProcess::readyRead, this, [this, process] {
         lastWords_ = (lastWords_ + QString::fromUtf8(process->readAll())).simplified().right(kWords);
     });
@@ -62,10 +66,11 @@ void RigDaemon::Ended(const QString& lastWords) {
 void RigDaemon::Stop() {
     if (!process_) return;
     QProcess* process = process_;
-    ending_ = process;
     process_.clear();
     process->disconnect();
     if (process->state() == QProcess::NotRunning) return process->deleteLater();
+    ++ending_;
+    connect(process, &QObject::destroyed, [] { --ending_; });
     connect(process, &QProcess::finished, process, &QObject::deleteLater);
     // What it still writes would otherwise hold it up.
     connect(process, &QProcess::readyRead, process, [process] { process->readAll(); });

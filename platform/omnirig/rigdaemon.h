@@ -21,11 +21,11 @@ public:
     /// A port of this machine's that nobody listens on.
     static int FreePort();
 
-    /// Starts it, and returns at once. @pre neither running nor ending
+    /// Starts it, and returns at once. One that could not be started has told so then. @pre not running
     void Start(const QStringList& arguments);
     bool IsRunning() const { return !process_.isNull(); }
-    /// The one that was stopped holds the radio still.
-    bool IsEnding() const { return !ending_.isNull(); }
+    /// One that was stopped, this daemon or another, holds its radio still.
+    static bool IsAnyEnding() { return ending_ > 0; }
     /// Asks it to end, and sees to it a second later. Returns at once.
     void Stop();
     /// The end of what it has written, or why it could not start.
@@ -39,7 +39,7 @@ private:
     void Ended(const QString& lastWords);
 
     QPointer<QProcess> process_;
-    QPointer<QProcess> ending_;
+    inline static int ending_ = 0;
     QString lastWords_;
     std::function<void()> end_;
 };

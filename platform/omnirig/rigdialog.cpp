@@ -4,14 +4,18 @@
 #include "platform/failure.h"
 #include "platform/omnirig/hamlibservice.h"
 #include "platform/omnirig/rigdaemon.h"
+#include "platform/textfile.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QFormLayout>
-#include <QGroupBox>
+#include <QLocale>
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QSerialPortInfo>
+
+#include <utility>
 
 namespace platform {
 
@@ -34,6 +38,17 @@ QRegularExpression AllWords(const QString& text) {
 
 /// "14 025,00", as in this country.
 QString KiloHertz(qint64 hertz) { return QLocale().toString(static_cast<double>(hertz) / 1000, 'f', 2); }
+
+/// A port that two radios at this machine hang on; empty if there is none.
+QString SharedPort(const AllRigSettings& rigs) {
+    QStringList ports;
+    for (const RigSettings& rig : rigs) {
+        if (rig.way != RigSettings::Way::Model || rig.port.isEmpty()) continue;
+        if (ports.contains(rig.port)) return rig.port;
+        ports << rig.port;
+    }
+    return {};
+}
 
 template <class W>
 W* Numbered(W* widget, const char* name, int number) {
@@ -82,6 +97,9 @@ RigPage::RigPage(int number, QAbstractItemModel& models) {
     cmdTest = Numbered(NewButton("cmdTest", QStringLiteral("&Test")), "cmdTest", number);
     lblSvar = Numbered(new QLabel, "lblSvar", number);
     lblSvar->setWordWrap(true);
+    lblSvar->setTextFormat(Qt::PlainText); // it holds what others say
+    lblModell = Numbered(new QLabel, "lblModell", number);
+    lblModell->setTextFormat(Qt::PlainText);
 
     constexpr int indent = 24;
     auto* address = new QFormLayout;
@@ -91,6 +109,7 @@ RigPage::RigPage(int number, QAbstractItemModel& models) {
     radio->setContentsMargins(indent, 0, 0, 0);
     radio->addRow(QStringLiteral("Sö&k radio"), txtSök);
     radio->addRow(QString(), lstModell);
+    radio->addRow(QString(), lblModell);
     radio->addRow(QStringLiteral("&Port"), cmbPort);
     radio->addRow(QStringLiteral("&Hastighet"), cmbHastighet);
     auto* test = new QHBoxLayout;
@@ -105,11 +124,17 @@ RigPage::RigPage(int number, QAbstractItemModel& models) {
     place->addLayout(test);
 
     for (QRadioButton* button : {optAv, optAdress, optModell})
-        connect(button, &QRadioButton::toggled, this, [this] { Enable(); });
+        connect(button, &QRadioButton::toggled, this, [this] {
+            Enable();
+            Edited();
+        });
+    for (auto* combo : {cmbPort, cmbHastighet})
+        connect(combo, &QComboBox::currentTextChanged, this, [this] { Edited(); });
+    txtAdress->OnChange([this] { Edited(); });
     txtSök->OnChange([this] { Search(); });
     connect(lstModell->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& chosen) {
-                if (chosen.isValid() && !isSearching_) model_ = chosen.data(kModelRole).toInt();
+                if (chosen.isValid() && !isSearching_) Choose(chosen.data(kModelRole).toInt());
             });
 }
 
@@ -119,8 +144,27 @@ void RigPage::Search() {
     filter_->setFilterRegularExpression(AllWords(txtSök->text()));
     isSearching_ = false;
     const bool isOne = filter_->rowCount() == 1 && !txtSök->text().isEmpty();
-    if (isOne) model_ = filter_->index(0, 0).data(kModelRole).toInt();
+    if (isOne) Choose(filter_->index(0, 0).data(kModelRole).toInt());
     FindModel();
+}
+
+void RigPage::Choose(int model) {
+    if (model != model_) Edited();
+    model_ = model;
+    ShowModel();
+}
+
+void RigPage::ShowModel() {
+    const QAbstractItemModel& all = *filter_->sourceModel();
+    const QModelIndexList found = all.match(all.index(0, 0), kModelRole, model_, 1, Qt::MatchExactly);
+    const QString name =
+        found.isEmpty() ? QStringLiteral("modell %1").arg(model_) : found.first().data().toString();
+    lblModell->setText(model_ == 0 ? QStringLiteral("Ingen radio är vald.")
+                                   : QStringLiteral("Vald: ") + name);
+}
+
+void RigPage::Edited() {
+    if (onEdit_ && !isShowing_) onEdit_();
 }
 
 void RigPage::Enable() {
@@ -130,20 +174,28 @@ void RigPage::Enable() {
     cmdTest->setEnabled(!optAv->isChecked());
 }
 
-void RigPage::Show(const RigSettings& settings) {
+void RigPage::Show(const RigSettings& settings, const QStringList& ports) {
+    isShowing_ = true;
+    const auto done = qScopeGuard([this] { isShowing_ = false; });
     QRadioButton* ways[] = {optAv, optAdress, optModell};
     ways[static_cast<int>(settings.way)]->setChecked(true);
     Enable();
     txtAdress->setText(settings.address);
     txtSök->clear();
     model_ = settings.model;
-    FindModel();
+    ShowModels();
     cmbPort->clear();
-    for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts())
-        cmbPort->addItem(port.systemLocation());
+    cmbPort->addItems(ports);
     cmbPort->setEditText(settings.port);
-    cmbHastighet->setCurrentIndex(qMax(0, cmbHastighet->findData(settings.speed)));
+    if (cmbHastighet->findData(settings.speed) < 0)
+        cmbHastighet->addItem(QString::number(settings.speed), settings.speed);
+    cmbHastighet->setCurrentIndex(cmbHastighet->findData(settings.speed));
     lblSvar->clear();
+}
+
+void RigPage::ShowModels() {
+    Search();
+    ShowModel();
 }
 
 void RigPage::FindModel() {
@@ -168,9 +220,10 @@ RigSettings RigPage::Settings() const {
 
 QString RigPage::Fault() const {
     const RigSettings set = Settings();
-    // The settings' file has no way to hold one.
-    if (set.address.contains(u'"') || set.port.contains(u'"'))
-        return QStringLiteral("Citattecken kan inte användas i adress eller port.");
+    // What the settings' file has no way to hold.
+    for (const QString& text : {set.address, set.port})
+        if (text.contains(u'"') || FromCp1252(ToCp1252(text)) != text)
+            return QStringLiteral("Citattecken och ovanliga tecken kan inte användas i adress eller port.");
     if (set.way == RigSettings::Way::Address && !ReadRigAddress(set.address))
         return QStringLiteral("Adressen ska vara värd:port, till exempel 127.0.0.1:4532.");
     if (set.way == RigSettings::Way::Model && set.model == 0)
@@ -190,6 +243,10 @@ RigDialog::RigDialog(HamlibService& service, QWidget* over)
         auto* page = pages[static_cast<size_t>(number - 1)] = new RigPage(number, models_);
         tabRig->addTab(page, QStringLiteral("Rig &%1").arg(number));
         connect(page->cmdTest, &QPushButton::clicked, this, [this, number] { Test(number); });
+        // The answer was to other settings than those that stand here now.
+        page->OnEdit([this, number] {
+            if (tested_ == number) EndTest();
+        });
     }
     cmdSpara = NewButton("cmdSpara", QStringLiteral("&Spara"));
     cmdAvbryt = NewButton("cmdAvbryt", QStringLiteral("Stäng"));
@@ -226,7 +283,9 @@ void RigDialog::showEvent(QShowEvent* event) {
 }
 
 void RigDialog::Fill() {
-    for (size_t i = 0; i < pages.size(); ++i) pages[i]->Show(service_.Settings()[i]);
+    QStringList ports;
+    for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) ports << port.systemLocation();
+    for (size_t i = 0; i < pages.size(); ++i) pages[i]->Show(service_.Settings()[i], ports);
 }
 
 void RigDialog::ReadModels() {
@@ -239,9 +298,11 @@ void RigDialog::ReadModels() {
             models_.appendRow(item);
         }
         models_.sort(0);
-        for (RigPage* page : pages) page->FindModel();
+        for (RigPage* page : pages) page->ShowModels();
         lister_->deleteLater();
     });
+    // The next time the window is shown is another try.
+    connect(lister_, &QProcess::errorOccurred, this, [this] { lister_->deleteLater(); });
     lister_->setStandardErrorFile(QProcess::nullDevice());
     lister_->start(RigctldPath(), {QStringLiteral("--list")});
 }
@@ -255,6 +316,9 @@ void RigDialog::Save() {
         }
         settings[i] = pages[i]->Settings();
     }
+    if (const QString shared = SharedPort(settings); !shared.isEmpty())
+        return MsgBox(QStringLiteral("Två radioapparater kan inte ha samma port, %1.").arg(shared),
+                      windowTitle());
     try {
         service_.Save(settings);
     } catch (const Failure& failure) {
@@ -281,7 +345,8 @@ void RigDialog::Test(int rig) {
 
 void RigDialog::Tell(int rig) {
     const RigLink& link = service_.Link(rig);
-    QString answer = QStringLiteral("Inget svar: ") + link.Trouble();
+    QString answer = QStringLiteral("Inget svar: ") +
+                     (link.Trouble().isEmpty() ? QStringLiteral("rigctld svarar inte") : link.Trouble());
     if (link.IsOnLine())
         answer = QStringLiteral("Radion svarar: %1 kHz %2").arg(KiloHertz(link.Frequency()), link.Mode());
     pages.at(static_cast<size_t>(rig - 1))->lblSvar->setText(answer);
@@ -292,8 +357,10 @@ void RigDialog::Tell(int rig) {
 
 void RigDialog::EndTest() {
     patience_.stop();
-    if (tested_ != 0) service_.Link(tested_).OnReading({});
-    tested_ = 0;
+    const int rig = std::exchange(tested_, 0);
+    if (rig == 0) return;
+    service_.Link(rig).OnReading({});
+    pages.at(static_cast<size_t>(rig - 1))->lblSvar->clear();
 }
 
 void RigDialog::reject() {

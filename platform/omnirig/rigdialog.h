@@ -15,6 +15,7 @@
 #include <QTimer>
 
 #include <array>
+#include <functional>
 
 namespace platform {
 
@@ -31,25 +32,32 @@ public:
     QListView* lstModell;
     QComboBox *cmbPort, *cmbHastighet;
     QPushButton* cmdTest;
-    QLabel* lblSvar;
+    QLabel *lblModell, *lblSvar;
 
-    void Show(const RigSettings& settings);
+    /// @param ports the serial ports of this machine
+    void Show(const RigSettings& settings, const QStringList& ports);
     /// The settings as they stand in the fields.
     RigSettings Settings() const;
     /// What is wrong with them; empty if nothing is.
     QString Fault() const;
-    /// Looks again for the chosen radio; for when the list has come.
-    void FindModel();
+    /// Looks again for the radio that is set, and for what is searched; for when the list has come.
+    void ShowModels();
+    /// Something has been changed by the operator.
+    void OnEdit(std::function<void()> edit) { onEdit_ = std::move(edit); }
 
 private:
     void Enable();
-    int ChosenModel() const;
-
     void Search();
+    void FindModel();
+    void Choose(int model);
+    void ShowModel();
+    void Edited();
 
     QSortFilterProxyModel* filter_;
     int model_ = 0; ///< the radio that is set, in the list or not
     bool isSearching_ = false;
+    bool isShowing_ = false;
+    std::function<void()> onEdit_;
 };
 
 /// The settings of the rig service. It stands beside the contest, which goes on.

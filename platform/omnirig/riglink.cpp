@@ -1,5 +1,7 @@
 #include "platform/omnirig/riglink.h"
 
+#include <QFile>
+
 #include <utility>
 
 namespace platform {
@@ -12,13 +14,15 @@ namespace {
 const QString kOnLine = QStringLiteral("On-line");
 const QString kSilent = QStringLiteral("Rig is not responding");
 const QString kUnused = QStringLiteral("Rig is not configured");
+const QString kNoAnswer = QStringLiteral("rigctld svarar inte");
 const QString kNonsense = QStringLiteral("obegripligt svar");
 
 // All in milliseconds.
 constexpr int kPoll = 200;      ///< between two rounds of questions
 constexpr int kPatience = 1600; ///< without a good round
 constexpr int kConnecting = 3000;
-constexpr int kAnswering = 15000;
+constexpr int kAnswering = 12000; ///< rigctld gives up on a dead radio after ten seconds
+constexpr int kAnsweringFirst = 3000;
 constexpr int kRetry = 500;
 constexpr int kRetryOwn = 100; ///< while a daemon of our own comes up
 constexpr int kRestart = 2000; ///< of a daemon that has ended by itself
@@ -43,9 +47,11 @@ RigLink::RigLink(QObject* parent)
     on(poll_, &RigLink::AskNext);
     on(retry_, &RigLink::Connect);
     patience_.setSingleShot(true);
-    connect(&patience_, &QTimer::timeout, this, [this] { SetStatus(kSilent); });
-    giveUp_.setSingleShot(true);
-    connect(&giveUp_, &QTimer::timeout, this, [this] { Lost(QStringLiteral("inget svar")); });
+    connect(&patience_, &QTimer::timeout, this, [this] {
+        if (trouble_.isEmpty()) trouble_ = kNoAnswer;
+        SetStatus(kSilent);
+    });
+    on(giveUp_, &RigLink::GiveUp);
     // An answer fits many times over; what sends more is held up by the network until it is dropped.
     constexpr qint64 waiting = 4096;
     socket_.setReadBufferSize(waiting);
@@ -54,7 +60,7 @@ RigLink::RigLink(QObject* parent)
     connect(&socket_, &QTcpSocket::readyRead, this, soon);
     connect(&socket_, &QTcpSocket::errorOccurred, this, soon);
     daemon_.OnEnd([this] {
-        Lost(daemon_.LastWords());
+        Lost(WhyClosed());
         retry_.start(kRestart);
         SetStatus(kSilent);
     });
@@ -98,13 +104,17 @@ void RigLink::Connect() {
         if (!set) return Lost(QStringLiteral("adressen är ingen adress"));
         address = *set;
     } else {
-        if (daemon_.IsEnding()) return retry_.start(kRetry);
+        if (RigDaemon::IsAnyEnding()) return retry_.start(kRetryOwn); // it may hold this radio's port
         if (!daemon_.IsRunning()) {
             address.port = daemonPort_ = RigDaemon::FreePort();
             daemon_.Start(DaemonArguments(settings_, daemonPort_));
+            if (!daemon_.IsRunning()) return; // it has said so itself
         }
     }
     isOpen_ = true;
+    next_ = asksVfoMode_ ? Asked::VfoMode : Asked::Frequency;
+    vfoMode_ = false;
+    asksVfoMode_ = true;
     giveUp_.start(kConnecting);
     socket_.connectToHost(address.host, static_cast<quint16>(address.port));
 }
@@ -113,7 +123,6 @@ void RigLink::Connect() {
 void RigLink::Drop() {
     isOpen_ = isConnected_ = false;
     asked_.reset();
-    next_ = Asked::VfoMode;
     received_.clear();
     for (QTimer* timer : {&later_, &poll_, &giveUp_}) timer->stop();
     socket_.abort();
@@ -121,15 +130,36 @@ void RigLink::Drop() {
 
 /// Closes the connection and opens another one soon. The radio stays on line for as long as patience lasts.
 void RigLink::Lost(const QString& trouble) {
+    if (asked_ == Asked::Write) {
+        // Whether it was heeded is not known: it is said again, unless something newer is to be said.
+        auto& queued = written_.vfo == rigctld::Vfo::A ? tuneA_ : tuneCurrent_;
+        if (!queued) queued = written_.hertz;
+        isNews_ = true;
+    }
     Drop();
     trouble_ = trouble;
     retry_.start(settings_.way == RigSettings::Way::Model ? kRetryOwn : kRetry);
 }
 
 QString RigLink::WhyClosed() const {
-    if (settings_.way != RigSettings::Way::Model || isConnected_) return socket_.errorString();
-    return daemon_.LastWords().isEmpty() ? QStringLiteral("rigctld har inte fått kontakt med radion")
-                                         : daemon_.LastWords();
+    if (settings_.way != RigSettings::Way::Model) return socket_.errorString();
+    if (settings_.port.startsWith(u'/') && !QFile::exists(settings_.port))
+        return QStringLiteral("porten %1 finns inte").arg(settings_.port);
+    if (!daemon_.LastWords().isEmpty()) return daemon_.LastWords();
+    return daemon_.IsRunning() ? QStringLiteral("rigctld har inte fått kontakt med radion")
+                               : QStringLiteral("rigctld har avslutats");
+}
+
+/// The connection is not worth waiting on any longer.
+void RigLink::GiveUp() {
+    // Some servers are silent about a question that they do not know; the next connection does without it.
+    if (asked_ == Asked::VfoMode) asksVfoMode_ = false;
+    // A daemon of our own that hangs is ours to end. One that is still opening its radio is not connected
+    // yet.
+    else if (isConnected_)
+        daemon_.Stop();
+    const bool isComingUp = settings_.way == RigSettings::Way::Model && !isConnected_;
+    Lost(isComingUp ? WhyClosed() : kNoAnswer);
 }
 
 void RigLink::Attend() {
@@ -164,16 +194,16 @@ bool RigLink::SendTuning() {
     // Where VFOs have no names there is one to tune.
     if (!vfoMode_ && tuneCurrent_) tuneA_.reset();
     const auto vfo = tuneA_ ? rigctld::Vfo::A : rigctld::Vfo::Current;
-    const qint64 hertz = *std::exchange(tuneA_ ? tuneA_ : tuneCurrent_, std::nullopt);
-    Send(Asked::Write, rigctld::Tuning(hertz, vfo, vfoMode_));
+    written_ = {vfo, *std::exchange(tuneA_ ? tuneA_ : tuneCurrent_, std::nullopt)};
+    Send(Asked::Write, rigctld::Tuning(written_.hertz, vfo, vfoMode_));
     return true;
 }
 
 void RigLink::Send(Asked asked, const QByteArray& command) {
+    asked_ = asked;
     // What came unasked would be taken for the answer.
     if (socket_.bytesAvailable() > 0) return Lost(kNonsense);
-    asked_ = asked;
-    giveUp_.start(kAnswering);
+    giveUp_.start(asked == Asked::VfoMode ? kAnsweringFirst : kAnswering);
     socket_.write(command);
 }
 
@@ -190,7 +220,7 @@ void RigLink::Receive() {
 
 void RigLink::Take(Asked asked, const Answer& answer) {
     const bool isGood = answer.kind == Answer::Kind::Good;
-    if (!isGood && asked != Asked::Mode) trouble_ = rigctld::ErrorText(answer.error);
+    if (!isGood) trouble_ = rigctld::ErrorText(answer.error);
     next_ = Asked::Frequency;
     switch (asked) {
     case Asked::VfoMode:
@@ -199,15 +229,19 @@ void RigLink::Take(Asked asked, const Answer& answer) {
     case Asked::Frequency:
         if (!isGood) return poll_.start(kPoll);
         heardFrequency_ = answer.frequency;
+        heard_.setRemainingTime(kPatience);
         next_ = Asked::Mode;
         return AskNext();
     case Asked::Mode:
-        heardMode_ = answer.mode; // a receiver without modes has answered all the same
+        // A receiver without modes has answered all the same. Where the radio was so long ago that it no
+        // longer counts as on line is not where it is.
+        if ((!isGood && !rigctld::IsMissing(answer.error)) || heard_.hasExpired()) return poll_.start(kPoll);
+        heardMode_ = answer.mode;
         return TakeRound();
     case Asked::Write:
         // Done or refused, the operator wants to see where the radio is.
         isNews_ = true;
-        if (IsOnLine()) patience_.start(kPatience);
+        if (isGood && IsOnLine()) patience_.start(kPatience);
         return AskNext();
     }
 }

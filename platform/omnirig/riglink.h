@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 namespace platform {
 
@@ -60,6 +61,7 @@ private:
     void Lost(const QString& trouble);
     void Attend();
     QString WhyClosed() const;
+    void GiveUp();
     void AskNext();
     bool SendTuning();
     void Send(rigctld::Asked asked, const QByteArray& command);
@@ -82,13 +84,21 @@ private:
     std::optional<rigctld::Asked> asked_; ///< what is awaited
     rigctld::Asked next_ = rigctld::Asked::VfoMode;
     QByteArray received_;
-    qint64 heardFrequency_ = 0; ///< of the round that is under way
+    bool asksVfoMode_ = true; ///< the next connection begins with that question
+    /// Of the round that is under way, and how long it is worth something.
+    qint64 heardFrequency_ = 0;
     QString heardMode_;
+    QDeadlineTimer heard_;
     bool isNews_ = true; ///< the next round is reported, changed or not
 
     /// To be sent, each overwritten by what comes after it.
     std::optional<qint64> tuneA_, tuneCurrent_;
     QDeadlineTimer tuneBefore_;
+    /// What was sent last and may have to be sent again.
+    struct {
+        rigctld::Vfo vfo;
+        qint64 hertz;
+    } written_{};
 
     std::function<void()> onStatus_, onChange_, onReading_;
 

@@ -11,6 +11,7 @@
 #include <csignal>
 #include <functional>
 #include <optional>
+#include <sys/prctl.h>
 
 /// Hamlib's daemon with its dummy radio, on the loopback address, and a line of the test's own to it: the
 /// hand at the radio's knob.
@@ -31,6 +32,7 @@ public:
     /// On the same port as before.
     void Starta() {
         process_.setStandardErrorFile(QProcess::nullDevice());
+        process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); }); // a test may crash
         process_.start("rigctld",
                        QStringList{"-m", "1", "-T", "127.0.0.1", "-t", QString::number(port_)} + extra_);
         ASSERT_TRUE(process_.waitForStarted()) << "rigctld is not installed";
@@ -115,6 +117,12 @@ public:
     QList<QByteArray> rader; ///< all that has been said to it
     int gäster = 0;
 
+    /// Answers a line in another way from now on.
+    void Svara(const QByteArray& rad, const Svar& svar) {
+        svara = [rad, svar](const QByteArray& kommen) {
+            return kommen.startsWith(rad) ? std::optional(svar) : std::nullopt;
+        };
+    }
     /// The lines that tune.
     QList<QByteArray> Skrivna() const {
         QList<QByteArray> skrivna;

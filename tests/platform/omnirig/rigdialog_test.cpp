@@ -122,12 +122,21 @@ TEST_F(DialogTest, SettingsThatMakeNoSenseAreNotSaved) {
     }
     SetAddress(3, "host\":1");
     dialog->cmdSpara->click();
-    EXPECT_EQ(Tag().text, "Citattecken kan inte användas i adress eller port.");
+    EXPECT_EQ(Tag().text, "Citattecken och ovanliga tecken kan inte användas i adress eller port.");
     meddelanden.clear();
     Page(3).txtAdress->clear();
     Page(3).optModell->click();
     dialog->cmdSpara->click();
     EXPECT_EQ(Tag().text, "Välj en radio i listan.");
+    meddelanden.clear();
+    ASSERT_TRUE(HasModels());
+    for (const int rig : {2, 3}) {
+        Page(rig).optModell->click();
+        Page(rig).txtSök->setText("ic-7300");
+        Page(rig).cmbPort->setEditText("/dev/ttyUSB0");
+    }
+    dialog->cmdSpara->click();
+    EXPECT_EQ(Tag().text, "Två radioapparater kan inte ha samma port, /dev/ttyUSB0.");
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_FALSE(IsSaved());
 }
@@ -157,10 +166,12 @@ TEST_F(DialogTest, RadiosAreFoundByWordsInAnyOrder) {
     Page(1).txtSök->setText("7300 icom");
     EXPECT_EQ(Models(), QStringList({"Icom IC-7300"}));
     EXPECT_EQ(Chosen(1), "Icom IC-7300") << "the one that is left is meant";
+    EXPECT_EQ(Page(1).lblModell->text(), "Vald: Icom IC-7300");
     Page(1).txtSök->setText("yaesu ft-9");
     EXPECT_GT(Models().size(), 3);
     for (const QString& name : Models()) EXPECT_TRUE(name.startsWith("Yaesu FT-9")) << name.toStdString();
     EXPECT_EQ(Chosen(1), "") << "looking is not choosing";
+    EXPECT_EQ(Page(1).lblModell->text(), "Vald: Icom IC-7300");
     Page(1).txtSök->setText("(.*[");
     EXPECT_TRUE(Models().isEmpty());
     Page(1).txtSök->clear();
@@ -181,6 +192,39 @@ TEST_F(DialogTest, ARadioIsChosenWithKeysInTheList) {
     EXPECT_GT(Page(1).Settings().model, 0);
 }
 
+TEST_F(DialogTest, AListThatComesLateIsSearchedForWhatIsTyped) {
+    Open();
+    Page(1).optModell->click();
+    Page(1).txtSök->setText("ic-7300");
+    EXPECT_EQ(Page(1).lblModell->text(), "Ingen radio är vald.");
+    ASSERT_TRUE(HasModels());
+    EXPECT_EQ(Chosen(1), "Icom IC-7300");
+    EXPECT_EQ(Page(1).Settings().model, 3073);
+}
+
+TEST_F(DialogTest, AListThatCouldNotBeReadIsReadTheNextTime) {
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    Open();
+    QTest::qWait(100);
+    qputenv("PATH", path);
+    dialog->cmdAvbryt->click();
+    service->ShowDialog(nullptr);
+    EXPECT_TRUE(HasModels());
+}
+
+TEST_F(DialogTest, WhatTheListsDoNotHoldIsKept) {
+    AllRigSettings rigs;
+    rigs[0] = {.way = RigSettings::Way::Model, .model = 987654, .port = "/dev/egen", .speed = 230400};
+    SaveTextFile(File(), RigSettingsToText(rigs));
+    Open();
+    ASSERT_TRUE(HasModels());
+    EXPECT_EQ(Page(1).cmbHastighet->currentText(), "230400");
+    EXPECT_EQ(Page(1).lblModell->text(), "Vald: modell 987654");
+    dialog->cmdSpara->click();
+    EXPECT_EQ(LoadTextFile(File()), RigSettingsToText(rigs));
+}
+
 // ---- the test of a radio ------------------------------------------------------------------------------
 
 TEST_F(DialogTest, TheTestSaysWhatTheRadioAnswers) {
@@ -195,6 +239,30 @@ TEST_F(DialogTest, TheTestSaysWhatTheRadioAnswers) {
     radio.Vrid(14030000);
     EXPECT_TRUE(Says(2, "Radion svarar: 14\u00a0030,00 kHz CW"));
     EXPECT_FALSE(IsSaved());
+    // Saved as it stands it goes on as it is.
+    int changes = 0;
+    service->OnStatusChange([&](int) { ++changes; });
+    dialog->cmdSpara->click();
+    EXPECT_EQ(service->Rig(2).StatusStr(), "On-line");
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(DialogTest, AnAnswerStandsAsLongAsTheSettingsItIsTo) {
+    FalskRigctld one;
+    FalskRigctld two;
+    Open();
+    for (auto change : std::initializer_list<std::function<void()>>{
+             [&] { Page(1).txtAdress->setText("127.0.0.1:1"); }, [&] { Page(1).optAv->click(); },
+             [&] { SetAddress(2, two.Adress()), Page(2).cmdTest->click(); }}) {
+        SetAddress(1, one.Adress());
+        Page(1).cmdTest->click();
+        ASSERT_TRUE(Says(1, "Radion svarar: "));
+        change();
+        EXPECT_EQ(Page(1).lblSvar->text(), "");
+        QTest::qWait(500);
+        EXPECT_EQ(Page(1).lblSvar->text(), "");
+    }
+    ASSERT_TRUE(Says(2, "Radion svarar: "));
     dialog->cmdAvbryt->click();
     EXPECT_EQ(service->Rig(2).StatusStr(), "Rig is not configured");
 }
