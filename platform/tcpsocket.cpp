@@ -1,6 +1,7 @@
 #include "platform/tcpsocket.h"
 
 #include "platform/failure.h"
+#include "platform/listener.h"
 #include "platform/textfile.h"
 
 #include <QElapsedTimer>
@@ -23,11 +24,6 @@ constexpr qint64 kTurn = 5;
 constexpr int kTail = 10;
 /// What waits here; behind it the network holds the sender up.
 constexpr qint64 kWaiting = 65536;
-
-/// Calls a copy: a listener may delete the socket that holds it, or put another in its place.
-void Call(const std::function<void()>& listener) {
-    if (const auto copy = listener) copy();
-}
 
 } // namespace
 

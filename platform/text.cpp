@@ -50,7 +50,7 @@ qsizetype NumberLength(const QString& text, QStringView decimalSigns) {
 }
 
 /// The value of a text that NumberLength has measured; infinite if it is too large.
-double Value(QString number) {
+double Magnitude(QString number) {
     number.replace(u',', u'.').replace(u'D', u'E').replace(u'd', u'e');
     return number.toDouble();
 }
@@ -68,7 +68,7 @@ double Val(const QString& text) {
     const QString rest = WithoutBlanks(text);
     const qsizetype length = NumberLength(rest, u".");
     if (length == 0) return 0;
-    const double value = Value(rest.left(length));
+    const double value = Magnitude(rest.left(length));
     if (std::isinf(value)) throw Failure(QStringLiteral("Talet är för stort."));
     return value;
 }
@@ -77,7 +77,7 @@ std::optional<double> ReadNumber(const QString& text) {
     const QString rest = text.trimmed();
     const qsizetype length = NumberLength(rest, u".,");
     if (length == 0 || length != rest.size()) return std::nullopt;
-    const double value = Value(rest);
+    const double value = Magnitude(rest);
     if (std::isinf(value)) return std::nullopt;
     return value;
 }
