@@ -78,11 +78,13 @@ void HamlibService::Save(const AllRigSettings& settings) {
 }
 
 void HamlibService::Revert() {
-    // A rig that goes by its settings already is not disturbed.
+    // A rig that goes by its settings already is not disturbed. The others let go first: a port may have
+    // gone from one to another.
+    std::vector<int> changed;
     for (int rig = 1; rig <= static_cast<int>(settings_.size()); ++rig)
-        if (const RigSettings& set = settings_[static_cast<size_t>(rig - 1)];
-            set != inUse_[static_cast<size_t>(rig - 1)])
-            TryOut(rig, set);
+        if (settings_[static_cast<size_t>(rig - 1)] != InUse(rig)) changed.push_back(rig);
+    for (const int rig : changed) Link(rig).Use({});
+    for (const int rig : changed) TryOut(rig, settings_[static_cast<size_t>(rig - 1)]);
 }
 
 // ---- the service as a whole ---------------------------------------------------------------------------

@@ -26,6 +26,8 @@ public:
 
     /// What is saved, whatever is being tried out.
     const AllRigSettings& Settings() const { return settings_; }
+    /// What a rig goes by now.
+    const RigSettings& InUse(int rig) const { return inUse_.at(static_cast<size_t>(rig - 1)); }
     /// Lets a rig go by other settings for the time being.
     void TryOut(int rig, const RigSettings& settings);
     /// Keeps these settings, and lets all rigs go by them. @throws Failure if they cannot be written

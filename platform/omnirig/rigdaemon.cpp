@@ -1,5 +1,7 @@
 #include "platform/omnirig/rigdaemon.h"
 
+#include "platform/listener.h"
+
 #include <QCoreApplication>
 #include <QStandardPaths>
 #include <QTcpServer>
@@ -60,7 +62,7 @@ void RigDaemon::Ended(const QString& lastWords) {
     process_->deleteLater();
     process_.clear();
     lastWords_ = lastWords;
-    if (const auto end = end_) end();
+    Call(end_);
 }
 
 void RigDaemon::Stop() {
@@ -72,8 +74,10 @@ void RigDaemon::Stop() {
     ++ending_;
     connect(process, &QObject::destroyed, [] { --ending_; });
     connect(process, &QProcess::finished, process, &QObject::deleteLater);
-    // What it still writes would otherwise hold it up.
-    connect(process, &QProcess::readyRead, process, [process] { process->readAll(); });
+    // One that never came to run does not finish.
+    connect(process, &QProcess::errorOccurred, process, [process](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) process->deleteLater();
+    });
     process->terminate();
     QTimer::singleShot(kFarewell, process, &QProcess::kill);
 }

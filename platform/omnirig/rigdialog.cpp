@@ -10,6 +10,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -43,7 +44,8 @@ QString KiloHertz(qint64 hertz) { return QLocale().toString(static_cast<double>(
 QString SharedPort(const AllRigSettings& rigs) {
     QStringList ports;
     for (const RigSettings& rig : rigs) {
-        if (rig.way != RigSettings::Way::Model || rig.port.isEmpty()) continue;
+        // Behind an address of the network there may be room for two.
+        if (rig.way != RigSettings::Way::Model || !rig.port.startsWith(u'/')) continue;
         if (ports.contains(rig.port)) return rig.port;
         ports << rig.port;
     }
@@ -91,6 +93,7 @@ RigPage::RigPage(int number, QAbstractItemModel& models) {
     lstModell->setUniformItemSizes(true);
     cmbPort = list("cmbPort", "Port");
     cmbPort->setEditable(true);
+    cmbPort->setCompleter(nullptr); // ttyUSB1 is not the beginning of ttyUSB10
     cmbHastighet = list("cmbHastighet", "Hastighet");
     cmbHastighet->addItem(QStringLiteral("Radions egen"), 0);
     for (const int speed : kSpeeds) cmbHastighet->addItem(QString::number(speed), speed);
@@ -132,10 +135,21 @@ RigPage::RigPage(int number, QAbstractItemModel& models) {
         connect(combo, &QComboBox::currentTextChanged, this, [this] { Edited(); });
     txtAdress->OnChange([this] { Edited(); });
     txtSök->OnChange([this] { Search(); });
+    txtSök->installEventFilter(this);
     connect(lstModell->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& chosen) {
                 if (chosen.isValid() && !isSearching_) Choose(chosen.data(kModelRole).toInt());
             });
+}
+
+bool RigPage::eventFilter(QObject* watched, QEvent* event) {
+    const bool isEnter =
+        event->type() == QEvent::KeyPress && (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
+                                              static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
+    if (watched != txtSök || !isEnter) return false;
+    // Who searches wants the list next, not to save and be done.
+    lstModell->setFocus();
+    return true;
 }
 
 void RigPage::Search() {
@@ -149,9 +163,9 @@ void RigPage::Search() {
 }
 
 void RigPage::Choose(int model) {
-    if (model != model_) Edited();
-    model_ = model;
+    const bool isOther = std::exchange(model_, model) != model;
     ShowModel();
+    if (isOther) Edited();
 }
 
 void RigPage::ShowModel() {
@@ -246,6 +260,7 @@ RigDialog::RigDialog(HamlibService& service, QWidget* over)
         // The answer was to other settings than those that stand here now.
         page->OnEdit([this, number] {
             if (tested_ == number) EndTest();
+            pages[static_cast<size_t>(number - 1)]->lblSvar->clear();
         });
     }
     cmdSpara = NewButton("cmdSpara", QStringLiteral("&Spara"));
@@ -291,7 +306,8 @@ void RigDialog::Fill() {
 void RigDialog::ReadModels() {
     if (models_.rowCount() > 0 || lister_) return;
     lister_ = new QProcess(this);
-    connect(lister_, &QProcess::finished, this, [this] {
+    connect(lister_, &QProcess::finished, this, [this](int, QProcess::ExitStatus status) {
+        if (status != QProcess::NormalExit) return;
         for (const rigctld::Model& model : rigctld::ReadModels(lister_->readAllStandardOutput())) {
             auto* item = new QStandardItem(model.name);
             item->setData(model.number, kModelRole);
@@ -335,6 +351,11 @@ void RigDialog::Test(int rig) {
     RigPage& page = *pages.at(static_cast<size_t>(rig - 1));
     if (const QString fault = page.Fault(); !fault.isEmpty()) return page.lblSvar->setText(fault);
     EndTest();
+    AllRigSettings tried;
+    for (int other = 1; other <= static_cast<int>(tried.size()); ++other)
+        tried[static_cast<size_t>(other - 1)] = other == rig ? page.Settings() : service_.InUse(other);
+    if (const QString shared = SharedPort(tried); !shared.isEmpty())
+        return page.lblSvar->setText(QStringLiteral("Porten %1 används av en annan rig.").arg(shared));
     tested_ = rig;
     page.lblSvar->setText(QStringLiteral("Frågar radion ..."));
     const RigSettings settings = page.Settings();
@@ -345,8 +366,8 @@ void RigDialog::Test(int rig) {
 
 void RigDialog::Tell(int rig) {
     const RigLink& link = service_.Link(rig);
-    QString answer = QStringLiteral("Inget svar: ") +
-                     (link.Trouble().isEmpty() ? QStringLiteral("rigctld svarar inte") : link.Trouble());
+    QString answer = QStringLiteral("Ingen kontakt: ") +
+                     (link.Trouble().isEmpty() ? QStringLiteral("inget svar än") : link.Trouble());
     if (link.IsOnLine())
         answer = QStringLiteral("Radion svarar: %1 kHz %2").arg(KiloHertz(link.Frequency()), link.Mode());
     pages.at(static_cast<size_t>(rig - 1))->lblSvar->setText(answer);

@@ -45,6 +45,8 @@ public:
     /// Something has been changed by the operator.
     void OnEdit(std::function<void()> edit) { onEdit_ = std::move(edit); }
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Enable();
     void Search();

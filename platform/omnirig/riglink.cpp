@@ -1,5 +1,7 @@
 #include "platform/omnirig/riglink.h"
 
+#include "platform/listener.h"
+
 #include <QFile>
 
 #include <utility>
@@ -27,11 +29,6 @@ constexpr int kRetry = 500;
 constexpr int kRetryOwn = 100; ///< while a daemon of our own comes up
 constexpr int kRestart = 2000; ///< of a daemon that has ended by itself
 constexpr int kTuneWithin = 5000;
-
-/// Calls a copy: a listener may put another in its place.
-void Call(const std::function<void()>& listener) {
-    if (const auto copy = listener) copy();
-}
 
 } // namespace
 
@@ -74,7 +71,7 @@ RigLink::~RigLink() {
 bool RigLink::IsOnLine() const { return status_ == kOnLine; }
 
 void RigLink::Use(const RigSettings& settings) {
-    ++use_;
+    const int use = ++useCount_;
     Drop();
     for (QTimer* timer : {&retry_, &patience_}) timer->stop();
     daemon_.Stop();
@@ -85,8 +82,11 @@ void RigLink::Use(const RigSettings& settings) {
     tuneA_.reset();
     tuneCurrent_.reset();
     const bool isUsed = settings.way != RigSettings::Way::Unused;
+    vfoMode_ = false;
+    asksVfoMode_ = true;
     if (isUsed) Connect();
-    SetStatus(isUsed ? kSilent : kUnused);
+    if (use == useCount_)
+        SetStatus(isUsed ? kSilent : kUnused); // a daemon that fails at once has listeners too
 }
 
 void RigLink::SetStatus(const QString& status) {
@@ -96,24 +96,32 @@ void RigLink::SetStatus(const QString& status) {
 }
 
 // ---- the connection -----------------------------------------------------------------------------------
+//
+// What runs in each state, so that there is always something to go on with:
+//   waiting for the next try             retry_
+//   connecting                           giveUp_; later_ as soon as the socket says something
+//   awaiting an answer                   giveUp_; later_ as soon as the socket says something
+//   between two rounds                   poll_
+//   on line, in any of these             patience_ too
 
 void RigLink::Connect() {
     RigAddress address{QStringLiteral("127.0.0.1"), daemonPort_};
     if (settings_.way == RigSettings::Way::Address) {
         const auto set = ReadRigAddress(settings_.address);
-        if (!set) return Lost(QStringLiteral("adressen är ingen adress"));
+        if (!set) return Lost(QStringLiteral("adressen är ogiltig"));
         address = *set;
     } else {
-        if (RigDaemon::IsAnyEnding()) return retry_.start(kRetryOwn); // it may hold this radio's port
         if (!daemon_.IsRunning()) {
+            if (RigDaemon::IsAnyEnding()) return retry_.start(kRetryOwn); // it may hold this radio's port
             address.port = daemonPort_ = RigDaemon::FreePort();
             daemon_.Start(DaemonArguments(settings_, daemonPort_));
-            if (!daemon_.IsRunning()) return; // it has said so itself
+            if (!daemon_.IsRunning()) return; // OnEnd has been called, and tries again later
         }
     }
     isOpen_ = true;
-    next_ = asksVfoMode_ ? Asked::VfoMode : Asked::Frequency;
-    vfoMode_ = false;
+    // A daemon of our own wants no names. Without an answer what was answered last holds.
+    const bool asks = asksVfoMode_ && settings_.way == RigSettings::Way::Address;
+    next_ = asks ? Asked::VfoMode : Asked::Frequency;
     asksVfoMode_ = true;
     giveUp_.start(kConnecting);
     socket_.connectToHost(address.host, static_cast<quint16>(address.port));
@@ -141,10 +149,12 @@ void RigLink::Lost(const QString& trouble) {
     retry_.start(settings_.way == RigSettings::Way::Model ? kRetryOwn : kRetry);
 }
 
+/// For the moment before the connection is dropped.
 QString RigLink::WhyClosed() const {
     if (settings_.way != RigSettings::Way::Model) return socket_.errorString();
     if (settings_.port.startsWith(u'/') && !QFile::exists(settings_.port))
         return QStringLiteral("porten %1 finns inte").arg(settings_.port);
+    if (daemon_.IsRunning() && isConnected_) return socket_.errorString();
     if (!daemon_.LastWords().isEmpty()) return daemon_.LastWords();
     return daemon_.IsRunning() ? QStringLiteral("rigctld har inte fått kontakt med radion")
                                : QStringLiteral("rigctld har avslutats");
@@ -152,19 +162,20 @@ QString RigLink::WhyClosed() const {
 
 /// The connection is not worth waiting on any longer.
 void RigLink::GiveUp() {
-    // Some servers are silent about a question that they do not know; the next connection does without it.
-    if (asked_ == Asked::VfoMode) asksVfoMode_ = false;
-    // A daemon of our own that hangs is ours to end. One that is still opening its radio is not connected
-    // yet.
-    else if (isConnected_)
-        daemon_.Stop();
-    const bool isComingUp = settings_.way == RigSettings::Way::Model && !isConnected_;
-    Lost(isComingUp ? WhyClosed() : kNoAnswer);
+    const bool isOwn = settings_.way == RigSettings::Way::Model;
+    if (asked_ == Asked::VfoMode) {
+        // Some servers are silent about a question that they do not know; the next connection does without.
+        asksVfoMode_ = false;
+    } else if (isOwn && isConnected_) {
+        daemon_.Stop(); // it hangs
+    }
+    Lost(isOwn && !isConnected_ ? WhyClosed() : kNoAnswer);
 }
 
 void RigLink::Attend() {
     if (!isConnected_ && socket_.state() == QAbstractSocket::ConnectedState) {
         isConnected_ = true;
+        trouble_.clear();
         socket_.setSocketOption(QAbstractSocket::LowDelayOption, 1);
         AskNext();
     }
@@ -220,22 +231,24 @@ void RigLink::Receive() {
 
 void RigLink::Take(Asked asked, const Answer& answer) {
     const bool isGood = answer.kind == Answer::Kind::Good;
-    if (!isGood) trouble_ = rigctld::ErrorText(answer.error);
     next_ = Asked::Frequency;
     switch (asked) {
     case Asked::VfoMode:
         vfoMode_ = answer.vfoMode; // a daemon that does not know the question wants no names
         return AskNext();
     case Asked::Frequency:
-        if (!isGood) return poll_.start(kPoll);
+        if (!isGood) return Refused(answer.error);
         heardFrequency_ = answer.frequency;
-        heard_.setRemainingTime(kPatience);
+        heardUntil_.setRemainingTime(kPatience);
         next_ = Asked::Mode;
         return AskNext();
     case Asked::Mode:
-        // A receiver without modes has answered all the same. Where the radio was so long ago that it no
-        // longer counts as on line is not where it is.
-        if ((!isGood && !rigctld::IsMissing(answer.error)) || heard_.hasExpired()) return poll_.start(kPoll);
+        // A receiver without modes has answered all the same.
+        if (!isGood && !rigctld::IsMissing(answer.error)) return Refused(answer.error);
+        if (heardUntil_.hasExpired()) { // where the radio was so long ago is not where it is
+            trouble_ = QStringLiteral("radion svarar för långsamt");
+            return poll_.start(kPoll);
+        }
         heardMode_ = answer.mode;
         return TakeRound();
     case Asked::Write:
@@ -246,21 +259,26 @@ void RigLink::Take(Asked asked, const Answer& answer) {
     }
 }
 
+void RigLink::Refused(int error) {
+    trouble_ = rigctld::ErrorText(error);
+    poll_.start(kPoll);
+}
+
+/// Frequency and mode have both been heard.
 void RigLink::TakeRound() {
     patience_.start(kPatience);
     trouble_.clear();
     const bool isToBeTuned = tuneA_ || tuneCurrent_;
     poll_.start(isToBeTuned ? 0 : kPoll);
-    const int use = use_;
-    if (!IsOnLine()) isNews_ = true;
+    const int use = useCount_;
     SetStatus(kOnLine);
     // Where the radio was before it is tuned is history.
-    if (use != use_ || isToBeTuned) return;
+    if (use != useCount_ || isToBeTuned) return;
     const bool isChange = heardFrequency_ != frequency_ || heardMode_ != mode_;
     frequency_ = heardFrequency_;
     mode_ = heardMode_;
     if (std::exchange(isNews_, false) || isChange) Call(onChange_);
-    if (use == use_) Call(onReading_);
+    if (use == useCount_) Call(onReading_);
 }
 
 void RigLink::Tune(rigctld::Vfo vfo, qint64 hertz) {

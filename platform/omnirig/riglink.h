@@ -19,8 +19,9 @@ namespace platform {
 /// Frequency and mode are asked for five times a second. A radio is on line from the first time both have
 /// been answered as they should, until nothing good has come for 1.6 seconds or the connection is lost. What
 /// is wrong with it is tried again for ever: a daemon that is silent keeps its connection for as long as it
-/// may still answer (rigctld gives up on a dead radio after ten seconds), one that talks nonsense gets a new
-/// one, so that no late answer can be taken for another.
+/// may still answer (rigctld gives up on a dead radio after ten seconds; then one of our own is replaced),
+/// one that talks nonsense gets a new one, so that no late answer can be taken for another. A server that
+/// says nothing to the first question, whether VFOs have names, is tried without it three seconds later.
 ///
 /// Nothing here waits. A listener may use the link anew; it must not delete it.
 class RigLink : public QObject {
@@ -62,6 +63,7 @@ private:
     void Attend();
     QString WhyClosed() const;
     void GiveUp();
+    void Refused(int error);
     void AskNext();
     bool SendTuning();
     void Send(rigctld::Asked asked, const QByteArray& command);
@@ -76,7 +78,7 @@ private:
     qint64 frequency_ = 0;
     QString mode_;
 
-    int use_ = 0; ///< tells one call of Use from the next
+    int useCount_ = 0; ///< tells one call of Use from the next
     int daemonPort_ = 0;
     bool isOpen_ = false; ///< a connection is there or under way
     bool isConnected_ = false;
@@ -88,13 +90,13 @@ private:
     /// Of the round that is under way, and how long it is worth something.
     qint64 heardFrequency_ = 0;
     QString heardMode_;
-    QDeadlineTimer heard_;
+    QDeadlineTimer heardUntil_;
     bool isNews_ = true; ///< the next round is reported, changed or not
 
     /// To be sent, each overwritten by what comes after it.
     std::optional<qint64> tuneA_, tuneCurrent_;
     QDeadlineTimer tuneBefore_;
-    /// What was sent last and may have to be sent again.
+    /// What is under way while a Write is awaited; it may have to be sent again.
     struct {
         rigctld::Vfo vfo;
         qint64 hertz;

@@ -1,6 +1,7 @@
 // The rig service and the window of its settings, with Hamlib's own daemon.
 #include "platform/failure.h"
 #include "platform/omnirig/hamlibservice.h"
+#include "platform/omnirig/rigdaemon.h"
 #include "platform/omnirig/rigdialog.h"
 #include "platform/textfile.h"
 #include "support/Programprov.h"
@@ -275,11 +276,11 @@ TEST_F(DialogTest, TheTestSaysWhyARadioDoesNotAnswer) {
     Open();
     SetAddress(1, fake.Adress());
     Page(1).cmdTest->click();
-    EXPECT_TRUE(Says(1, "Inget svar: fel på porten till radion"));
+    EXPECT_TRUE(Says(1, "Ingen kontakt: fel på porten till radion"));
     fake.svara = {};
     EXPECT_TRUE(Says(1, "Radion svarar: "));
     fake.Stäng();
-    EXPECT_TRUE(Says(1, "Inget svar: "));
+    EXPECT_TRUE(Says(1, "Ingen kontakt: "));
     SetAddress(1, "nonsense:x");
     Page(1).cmdTest->click();
     EXPECT_TRUE(Page(1).lblSvar->text().startsWith("Adressen ska vara"));
@@ -318,6 +319,47 @@ TEST_F(DialogTest, ARadioWhoseSettingsStayIsNotDisturbed) {
     QTest::qWait(300);
     EXPECT_EQ(changes, 0);
     EXPECT_EQ(fake.gäster, 1);
+}
+
+TEST_F(DialogTest, ARadioThatMovesToAnotherRigLeavesTheFirstBeforeItIsTaken) {
+    AllRigSettings rigs;
+    rigs[1] = {.way = RigSettings::Way::Model, .model = 1};
+    SaveTextFile(File(), RigSettingsToText(rigs));
+    service = std::make_unique<HamlibService>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return service->Rig(2).StatusStr() == "On-line"; }, 8000));
+    std::swap(rigs[0], rigs[1]);
+    service->Save(rigs);
+    EXPECT_TRUE(RigDaemon::IsAnyEnding());
+    EXPECT_EQ(service->Link(1).Daemon().ProcessId(), 0) << "the other holds the port still";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return service->Rig(1).StatusStr() == "On-line"; }, 8000));
+    EXPECT_EQ(service->Rig(2).StatusStr(), "Rig is not configured");
+}
+
+TEST_F(DialogTest, APortThatAnotherRigHoldsIsNotTested) {
+    AllRigSettings rigs;
+    rigs[0] = {.way = RigSettings::Way::Model, .model = 3073, .port = "/dev/ttyNONE"};
+    SaveTextFile(File(), RigSettingsToText(rigs));
+    Open();
+    ASSERT_TRUE(HasModels());
+    Page(2).optModell->click();
+    Page(2).txtSök->setText("ic-7300");
+    Page(2).cmbPort->setEditText("/dev/ttyNONE");
+    Page(2).cmdTest->click();
+    EXPECT_EQ(Page(2).lblSvar->text(), "Porten /dev/ttyNONE används av en annan rig.");
+    EXPECT_EQ(service->Rig(2).StatusStr(), "Rig is not configured");
+    Page(2).cmbPort->setEditText("/dev/ttyOTHER");
+    EXPECT_EQ(Page(2).lblSvar->text(), "");
+}
+
+TEST_F(DialogTest, EnterInTheSearchLeadsToTheList) {
+    Open();
+    ASSERT_TRUE(HasModels());
+    Page(1).optModell->click();
+    SkrivI(Page(1).txtSök, "ft-9");
+    Tryck(Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(Page(1).lstModell->hasFocus());
+    EXPECT_FALSE(IsSaved());
 }
 
 TEST_F(DialogTest, EventsCarryTheNumberOfTheirRig) {

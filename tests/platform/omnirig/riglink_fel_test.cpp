@@ -182,6 +182,35 @@ TEST_F(LinkTest, ADaemonThatIsSilentAboutTheFirstQuestionIsServedWithoutIt) {
     EXPECT_EQ(fake.gäster, 2);
 }
 
+TEST_F(LinkTest, ADaemonThatWantsVfosNamedIsServedAlsoWhenItIsSilentOnce) {
+    FalskRigctld fake;
+    bool knows = true;
+    fake.svara = [&](const QByteArray& rad) -> std::optional<FalskRigctld::Svar> {
+        if (rad == "\\chk_vfo") return FalskRigctld::Svar{knows ? "1\n" : ""};
+        if (rad == "f currVFO") return FalskRigctld::Svar{"14025000\n"};
+        if (rad == "m currVFO") return FalskRigctld::Svar{"CW\n500\n"};
+        return FalskRigctld::Svar{};
+    };
+    UseAddress(fake.Adress());
+    ASSERT_TRUE(ComesOnLine());
+    knows = false;
+    fake.Gäst()->abort();
+    ASSERT_TRUE(Falls(1000));
+    EXPECT_TRUE(ComesOnLine(6000));
+    EXPECT_EQ(changes, QList<qint64>({14025000})) << "where it was is no news";
+}
+
+TEST_F(LinkTest, AnotherServerIsAskedTheFirstQuestionAgain) {
+    FalskRigctld silentOne;
+    silentOne.Svara("\\chk_vfo", {});
+    UseAddress(silentOne.Adress());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return link.Trouble() == "rigctld svarar inte"; }, 5000));
+    FalskRigctld other;
+    UseAddress(other.Adress());
+    ASSERT_TRUE(ComesOnLine());
+    EXPECT_EQ(other.rader.first(), "\\chk_vfo");
+}
+
 TEST_F(LinkTest, ARadioThatDiesBetweenFrequencyAndModeIsNotBelieved) {
     FalskRigctld fake;
     UseAddress(fake.Adress());
@@ -205,6 +234,7 @@ TEST_F(LinkTest, AFrequencyThatIsOldWhenTheModeComesIsNotBelieved) {
     ASSERT_TRUE(Falls(2000));
     QTest::qWait(2500);
     EXPECT_FALSE(link.IsOnLine()) << "nor does it come and go";
+    EXPECT_EQ(link.Trouble(), "radion svarar för långsamt");
     EXPECT_EQ(changes, QList<qint64>({14025000}));
     fake.svara = {};
     EXPECT_TRUE(ComesOnLine(4000));

@@ -152,6 +152,23 @@ TEST_F(LinkTest, ADaemonThatCannotBeStartedSaysSoAndIsTriedAgain) {
     EXPECT_TRUE(ComesOnLine(8000));
 }
 
+TEST_F(LinkTest, ADaemonThatCouldNotBeRunLeavesNothingBehind) {
+    QTemporaryDir folder;
+    QFile broken(folder.filePath("rigctld"));
+    ASSERT_TRUE(broken.open(QFile::WriteOnly));
+    broken.write("#!/nowhere/sh\n");
+    broken.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    broken.close();
+    ASSERT_TRUE(QTest::qWaitFor([] { return !RigDaemon::IsAnyEnding(); }, 3000));
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", folder.path().toUtf8());
+    link.Use({.way = RigSettings::Way::Model, .model = 1});
+    link.Use({.way = RigSettings::Way::Model, .model = 1}); // stops what is about to start
+    qputenv("PATH", path);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !RigDaemon::IsAnyEnding(); }, 3000));
+    EXPECT_TRUE(ComesOnLine(8000));
+}
+
 TEST_F(LinkTest, APortThatIsNotThereIsNamed) {
     link.Use({.way = RigSettings::Way::Model, .model = 3073, .port = "/dev/ttyNONE"});
     ASSERT_TRUE(QTest::qWaitFor([&] { return !link.Trouble().isEmpty(); }, 5000));
