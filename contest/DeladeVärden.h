@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/recordset.h"
+#include "radio/Digitalval.h"
 
 #include <QString>
 
@@ -24,6 +25,7 @@ struct DeladeVärden {
     bool RadioPå = false;
     QString RadioFrekvens; ///< last frequency of a rig on line, in units of 10 Hz
     bool FT8Läge = false;
+    radio::Digitalval Digital; ///< as frInstDigi read or saved them last
 
     // Shared logs over a network drive are opened like any other; nothing sets the flag.
     bool NätverkAnsluten = false;

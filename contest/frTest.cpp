@@ -14,6 +14,7 @@
 #include "platform/dialogs.h"
 #include "platform/paths.h"
 #include "platform/windows.h"
+#include "radio/frInstDigi.h"
 #include "radio/frOmni.h"
 #include "store/Databaser.h"
 
@@ -52,6 +53,7 @@ void frTest::Ladda() {
     ÖppnaDatabasar();
     delat.TestLoggÖppen = false;
     frTestInst::instans().LäsSVDIni();
+    frInstDigi::instans();      // reads the settings of the digital modes
     frDXSpottFörval::instans(); // reads the spot presets
     AktiveraMenyer(delat.TestLoggÖppen);
     TestTimer->Interval(1000);

@@ -19,8 +19,8 @@
 ///
 /// The body is split by concern: frTest.cpp (life of the window), frTest_layout, frTest_meny,
 /// frTest_formulär (the entry form), frTest_spara (the two save chains), frTest_logg (log files),
-/// frTest_tavla (grids), frTest_klockor, frTest_kluster, frTest_radio. What the call in the form means and
-/// what a contact is worth stands in store/.
+/// frTest_tavla (grids), frTest_klockor, frTest_kluster, frTest_radio, frTest_digital. What the call in the
+/// form means and what a contact is worth stands in store/.
 class frTest : public QMainWindow {
 public:
     using Fält = platform::TextBox;
@@ -90,6 +90,13 @@ public:
     void VisaRadioläge();
     /// Light green as soon as a radio has told of itself; a frequency without a form leaves the text.
     void FärgaFrekvens(bool följer);
+
+    // ---- the digital modes ----------------------------------------------------------------------------
+    /// Applies the digital settings to the modem.
+    void Initiera_MMVari();
+    /// The transmitter goes on; back to receive when the text has run out.
+    void TX();
+    void RX();
 
     // ---- life of the window ---------------------------------------------------------------------------
     void Initiera_Fönster();

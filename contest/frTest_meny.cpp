@@ -13,6 +13,7 @@
 #include "contest/frTestOm.h"
 #include "contest/frTestVal.h"
 #include "radio/ModuleTest.h"
+#include "radio/frInstDigi.h"
 #include "reports/AdifModul.h"
 #include "reports/frTestRapport_cbr.h"
 #include "reports/frTestRapport_edi.h"
@@ -73,6 +74,7 @@ constexpr Menypost menyposter[] = {
     {1, "", ""},
     {1, "mnuInställning_Volymkontroll", "Volymkontroll"},
     {1, "mnuInställning_RadioPort", "Radio Port"},
+    {1, "mnuInställning_Digital", "Digital Inställning..."},
     {1, "mnuInställning_Nätverk_Inställning", "Nätverk Inställning..."},
     {1, "mnuInställning_Epost", "E-post program..."},
     {0, "mnuDXCluster", "&DX Cluster"},
@@ -170,6 +172,7 @@ void frTest::KopplaMenyer() {
     vid("mnuInställning_Tabbstop_RST", [this] { TabbstoppRST(!delat.TabbstopRST); });
     vid("mnuInställning_Tabbstop_Löpnr", [this] { TabbstoppLöpnr(!delat.TabbstopLöpnr); });
     vid("mnuInställning_Vila", [this] { cmdVila_Click(); });
+    vid("mnuInställning_Digital", [] { frInstDigi::instans().Visa(); });
     vid("mnuInställning_Epost", [] { VäljEpostprogram(); });
     vid("mnuInställning_Volymkontroll", [] { StartaVolymkontroll(); });
     vid("mnuDXSpot_DXSpot_Connect", [] { DXTele_Connect(); });

@@ -198,6 +198,7 @@ void frEditorTest::Ladda() {
     const QDateTime nu = platform::Now();
     txtLokalTid->setText(contest::TidText(nu));
     txtDatum->setText(nu.date().toString(QStringLiteral("yyyy-MM-dd")));
+    txtEffekt->setText(delat.Digital.DigiEffekt);
     Initiera_Fönster();
 }
 

@@ -50,6 +50,7 @@ constexpr Menyrad menyrader[] = {
     {"mnuInställning", "mnuInställning_Vila", ""},
     {"mnuInställning", "mnuInställning_Volymkontroll", ""},
     {"mnuInställning", "mnuInställning_RadioPort", ""},
+    {"mnuInställning", "mnuInställning_Digital", ""},
     {"mnuInställning", "mnuInställning_Nätverk_Inställning", ""},
     {"mnuInställning", "mnuInställning_Epost", ""},
     {"mnuDXCluster", "mnuDXSpot_DXSpot_Connect", ""},

@@ -1,0 +1,8 @@
+// The main window's side of the digital modes.
+#include "contest/frTest.h"
+
+void frTest::Initiera_MMVari() {}
+
+void frTest::TX() {}
+
+void frTest::RX() {}
