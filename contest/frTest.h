@@ -4,6 +4,7 @@
 #include "platform/datagrid.h"
 #include "platform/serialport.h"
 #include "platform/timer.h"
+#include "platform/udpsocket.h"
 #include "platform/widgets.h"
 
 #include <QGroupBox>
@@ -19,8 +20,8 @@
 ///
 /// The body is split by concern: frTest.cpp (life of the window), frTest_layout, frTest_meny,
 /// frTest_formulär (the entry form), frTest_spara (the two save chains), frTest_logg (log files),
-/// frTest_tavla (grids), frTest_klockor, frTest_kluster, frTest_radio, frTest_digital. What the call in the
-/// form means and what a contact is worth stands in store/.
+/// frTest_tavla (grids), frTest_klockor, frTest_kluster, frTest_radio, frTest_digital, frTest_ft8. What the
+/// call in the form means and what a contact is worth stands in store/.
 class frTest : public QMainWindow {
 public:
     using Fält = platform::TextBox;
@@ -67,6 +68,7 @@ public:
     // Left from the time before the rig service: a clock without work and a line that nobody opens.
     platform::Timer* Timer_Radio;
     platform::SerialPort* mscRadio1;
+    platform::UdpSocket* Winsock1; ///< hears of the FT8 program's contacts
 
     /// A menu or menu entry by its name. @throws std::out_of_range
     QAction* Meny(const char* namn) const { return menyer_.at(QString::fromUtf8(namn)); }
@@ -97,6 +99,16 @@ public:
     /// The transmitter goes on; back to receive when the text has run out.
     void TX();
     void RX();
+
+    // ---- contacts of the FT8 program ------------------------------------------------------------------
+    /// Listens for them and starts the program. Without a port or a program there is a message.
+    void StartFT8();
+    void Winsock1_DataArrival();
+    /// Parks txtData in its file. A failure shows its message.
+    void SparaData();
+    /// The parked record into the entry form; a field whose tag is missing stays as it is. With no open log,
+    /// and at a failure, there is a message; what has been filled by then stays.
+    void ImporteraAdif();
 
     // ---- life of the window ---------------------------------------------------------------------------
     void Initiera_Fönster();

@@ -166,6 +166,8 @@ void frTest::ByggFönster() {
     Timer_Radio = new platform::Timer(
         QStringLiteral("Timer_Radio"), [] {}, this);
     mscRadio1 = new platform::SerialPort(QStringLiteral("mscRadio1"), this);
+    Winsock1 = new platform::UdpSocket(QStringLiteral("Winsock1"), this);
+    Winsock1->OnDataArrival([this] { Winsock1_DataArrival(); });
     ByggStatusrad();
 }
 
@@ -240,6 +242,7 @@ QWidget* frTest::ByggFormulär() {
     txtDubblett = DoltFält("txtDubblett", frmLogg);
     txtRutor = DoltFält("txtRutor", frmLogg);
     txtData = DoltFält("txtData", frmLogg);
+    txtData->setMaxLength(65536); // the largest datagram there is
     return frmLogg;
 }
 

@@ -206,6 +206,7 @@ void frTest::KopplaMenyer() {
     vid("mnufönster_Lokator", [] { frData::instans().Visa(); });
     vid("mnufönster_Editor", [] { frEditorTest::instans().Visa(); });
     vid("mnufönster_Grid", [] { frGrid::instans().Visa(); });
+    vid("mnuFönster_Digi", [this] { StartFT8(); });
     vid("mnuHjälp_Sorvik", [] { frHjälp::instans().Visa(); });
     vid("mnuHjälp_Om", [] { frTestOm::instans().Visa(); });
     vid("mnuRadio_På", [this] { mnuRadio_På_Click(); });

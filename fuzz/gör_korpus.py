@@ -4,6 +4,7 @@
 fuzz/korpus/kluster: text as clusters of several kinds send it, and the two files. Calls and notes are made up; the
 shape of the lines is that of the field.
 fuzz/korpus/rigctld: what rigctld answers, its list of radios, the settings' file, addresses.
+fuzz/korpus/ft8: records of the FT8 program, whole and broken, and the files about the digital modes.
 """
 from pathlib import Path
 
@@ -48,7 +49,22 @@ rigctld = {
     "settings": b"\x05" + RIGS, "address": b"\x06shack.local:4534", "address_6": b"\x06[fe80::1]:4532",
 }
 
-for name, contents in (("kluster", seeds), ("rigctld", rigctld)):
+RECORD = (b"<call:5>XX9AA <gridsquare:6>JO65mr <mode:3>FT8 <rst_sent:3>-10 <rst_rcvd:3>+03 <qso_date:8>20261201 "
+          b"<time_on:6>191500 <band:2>2m <freq:10>144.174500 <station_callsign:5>XX9ZZ <my_gridsquare:6>JO89XI ")
+HEADER = b"\n<adif_ver:5>3.1.0\n<programid:6>WSJT-X\n<EOH>\n"
+BINARY = b"\xad\xbc\xcb\xda\0\0\0\2\0\0\0\x0c\0\0\0\6WSJT-X\0\0\1\x5b"
+DIGITAL = (b'"500"\r\n 0 \r\n 1 \r\n 0 \r\n 1 \r\n 0 \r\n"None"\r\n"RTS"\r\n"bpsk"\r\n"FFT"\r\n12\r\n6\r\n 0 \r\n'
+           b' 3 \r\n-1\r\n 0 \r\n11025\r\n0.00\r\n 0 \r\n"100 W, PEP"\r\n"2333"\r\n')
+ft8 = {
+    "record": b"\0" + RECORD + b"<eor>", "record_header": b"\0" + HEADER + RECORD + b"<EOR>\r\n" + RECORD,
+    "record_binary": b"\0" + BINARY + HEADER + RECORD + b"<EOR>", "capitals": b"\0" + RECORD.upper(),
+    "empty": b"\0<call:7>XX9AA/P <gridsquare:0> <rst_sent:0> <rst_rcvd:0> <eor>",
+    "comment": b"\0<comment:13><call:5>XX9BB <call:5>XX9AA <eor>", "lokator": b"\0<lokator:4>JO65<locator:6>jo65mr",
+    "long": b"\0<call:255>XX9AA<freq:99>1<rst_sent:10>-10", "lie": b"\0<call:256>XX<freq:x>1<gridsquare:", "digital": b"\3" + DIGITAL,
+    "digital_comma": b"\3" + DIGITAL.replace(b"0.00", b"74,50"),
+}
+
+for name, contents in (("kluster", seeds), ("rigctld", rigctld), ("ft8", ft8)):
     folder = Path(__file__).parent / "korpus" / name
     folder.mkdir(parents=True, exist_ok=True)
     for seed, content in contents.items():

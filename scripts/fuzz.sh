@@ -13,7 +13,7 @@ cmake --build --preset fuzz >/dev/null
 mkdir -p build/fuzz/fynd
 # What the sanitizer itself remembers of millions of runs is not the target's memory.
 export ASAN_OPTIONS=quarantine_size_mb=16:malloc_context_size=4
-targets=(kluster rigctld)
+targets=(kluster rigctld ft8)
 for target in "${targets[@]}"; do
   corpus=build/fuzz/korpus/$target
   mkdir -p "$corpus"

@@ -1,0 +1,97 @@
+// The contacts that the FT8 program hands over.
+#include "contest/DeladeVärden.h"
+#include "contest/frTest.h"
+#include "platform/dialogs.h"
+#include "platform/failure.h"
+#include "platform/launch.h"
+#include "platform/paths.h"
+#include "platform/text.h"
+#include "platform/textfile.h"
+#include "reports/FT8Post.h"
+#include "store/Databaser.h"
+
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace {
+
+QString FT8Fil() { return platform::DataPath(QStringLiteral("FT8/TestQSO.ADI")); }
+
+/// Datagrams go on arriving behind a message: of those that would give one each, the operator answers one.
+void FT8Meddelande(const QString& text, const QString& titel) {
+    static bool uppe = false;
+    if (std::exchange(uppe, true)) return;
+    const auto nere = qScopeGuard([] { uppe = false; });
+    platform::MsgBox(text, titel);
+}
+
+struct FT8Läsare {
+    std::optional<QString> (*läs)(const QString& text);
+    frTest::Fält* frTest::*fält;
+};
+
+/// In this order; a tag that cannot be read ends the rest.
+constexpr FT8Läsare ft8Läsare[] = {
+    {reports::LäsFT8Signal, &frTest::txtSignal},  {reports::LäsFT8Frekvens, &frTest::txtFrekvens},
+    {reports::LäsFT8Mottaget, &frTest::txtRSTM},  {reports::LäsFT8Sänt, &frTest::txtRSTS},
+    {reports::LäsFT8Lokator, &frTest::txtDiplom},
+};
+
+} // namespace
+
+void frTest::StartFT8() {
+    Winsock1->Close();
+    try {
+        Winsock1->LocalPort(platform::ToInt32(platform::Val(delat.Digital.DigiUDP)));
+        Winsock1->Bind();
+    } catch (const platform::Failure&) {
+        // Started all the same, the program would hand its contacts to nobody.
+        const QString port =
+            delat.Digital.DigiUDP.isEmpty()
+                ? QStringLiteral("Ingen UDP-port är vald.")
+                : QStringLiteral("UDP-porten %1 kan inte öppnas.").arg(delat.Digital.DigiUDP);
+        platform::MsgBox(port + QStringLiteral(" Välj en under Inställning - Digital Inställning..."),
+                         QStringLiteral("StartFT8"));
+        return;
+    }
+    try {
+        platform::StartProgram(QStringLiteral("wsjtx"));
+        delat.FT8Läge = true;
+    } catch (const platform::Failure&) {
+        platform::MsgBox(QStringLiteral("Kan inte hitta Filen!"), QStringLiteral("Filfel"));
+    }
+}
+
+void frTest::Winsock1_DataArrival() {
+    txtData->setText(Winsock1->GetData());
+    SparaData();
+    ImporteraAdif();
+}
+
+void frTest::SparaData() {
+    try {
+        platform::SaveTextFile(FT8Fil(), platform::LinesToText({platform::WriteItem(txtData->text())}));
+    } catch (const platform::Failure&) {
+        FT8Meddelande(QStringLiteral("Ett fel har inträffat vid sparande av Data."),
+                      QStringLiteral("SparaData"));
+    }
+}
+
+void frTest::ImporteraAdif() {
+    try {
+        platform::Recordset& logg = db().rsTESTQSO;
+        if (!logg.IsOpen())
+            return FT8Meddelande(
+                QStringLiteral("Det finns ingen aktiv logg. Du måste skapa en ny eller öppna en "
+                               "befintlig logg innan du kan importera en ADIF-fil."),
+                QStringLiteral("ImporteraAdif"));
+        if (!logg.IsEOF()) logg.MoveLast();
+        const QString text = reports::FT8Text(platform::LoadTextFile(FT8Fil()));
+        for (const FT8Läsare& läsare : ft8Läsare)
+            if (const auto värde = läsare.läs(text)) (this->*läsare.fält)->setText(*värde);
+    } catch (const platform::Failure&) {
+        FT8Meddelande(QStringLiteral("Ett fel har inträffat vid importering av ADIF-fil."),
+                      QStringLiteral("ImportFT8"));
+    }
+}
