@@ -2,6 +2,7 @@
 
 #include "platform/recordset.h"
 #include "radio/Digitalval.h"
+#include "radio/Makro.h"
 
 #include <QString>
 
@@ -26,6 +27,11 @@ struct DeladeVärden {
     QString RadioFrekvens; ///< last frequency of a rig on line, in units of 10 Hz
     bool FT8Läge = false;
     radio::Digitalval Digital; ///< as frInstDigi read or saved them last
+
+    radio::MakroTabell MakroTabell; ///< row 0 is button 1
+    bool MakroDigital = false;      ///< macro files hold 12 pairs
+    bool MakroCW = false;           ///< macro files hold 14 pairs; nothing sets it
+    int MakroKnapp = 1;             ///< button of the macro that frMacroEditor shows
 
     // Shared logs over a network drive are opened like any other; nothing sets the flag.
     bool NätverkAnsluten = false;

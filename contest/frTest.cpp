@@ -60,6 +60,7 @@ void frTest::Ladda() {
     SpotRad = 1;
     delat.TabbstopRST = true;
     delat.KlockaPå = true;
+    delat.MakroDigital = true;
     Initiera_Fönster();
     SättRubrik(Produkt + QLatin1Char(' ') + Version);
     Meny("mnuRadio_Av")->setChecked(true);

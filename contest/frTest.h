@@ -6,6 +6,7 @@
 #include "platform/timer.h"
 #include "platform/udpsocket.h"
 #include "platform/widgets.h"
+#include "radio/Makro.h"
 
 #include <QGroupBox>
 #include <QMainWindow>
@@ -20,8 +21,8 @@
 ///
 /// The body is split by concern: frTest.cpp (life of the window), frTest_layout, frTest_meny,
 /// frTest_formulär (the entry form), frTest_spara (the two save chains), frTest_logg (log files),
-/// frTest_tavla (grids), frTest_klockor, frTest_kluster, frTest_radio, frTest_digital, frTest_ft8. What the
-/// call in the form means and what a contact is worth stands in store/.
+/// frTest_tavla (grids), frTest_klockor, frTest_kluster, frTest_radio, frTest_digital, frTest_makro,
+/// frTest_ft8. What the call in the form means and what a contact is worth stands in store/.
 class frTest : public QMainWindow {
 public:
     using Fält = platform::TextBox;
@@ -63,6 +64,8 @@ public:
     // ---- digital contests -----------------------------------------------------------------------------
     QGroupBox* frmDigital;
     QPlainTextEdit *RXWindow, *TXWindow;
+    QGroupBox* fmMacro;
+    std::array<platform::PushButton*, radio::makroKnappar + 1> cmdMacro{}; ///< index 1 to 12
 
     platform::Timer *TestTimer, *TimerAktiv, *TimerVila, *Timer_Wait, *Nettimer;
     // Left from the time before the rig service: a clock without work and a line that nobody opens.
@@ -99,6 +102,20 @@ public:
     /// The transmitter goes on; back to receive when the text has run out.
     void TX();
     void RX();
+
+    // ---- macros ---------------------------------------------------------------------------------------
+    /// Puts the macro of a button, with its placeholders filled in, at the end of TXWindow. @param nummer 1
+    /// to 12
+    void cmdMacro_Click(int nummer);
+    /// The caption of a button as the table has it. @param nummer 1 to 12
+    void VisaMakroknapp(int nummer);
+    /// Macros from a file, and to one. A failure shows its message.
+    void LäsTestMakroIni(const QString& filnamn);
+    void SparaTestMakro(const QString& filnamn);
+    /// Asks for a file of a folder below Data/ and reads it.
+    void LaddaMakrofil(const QString& mapp);
+    /// Macros go out by way of TXWindow; nothing else sends one.
+    void SkickaTestMacro() {}
 
     // ---- contacts of the FT8 program ------------------------------------------------------------------
     /// Listens for them and starts the program. Without a port or a program there is a message.
@@ -219,6 +236,7 @@ private:
     QWidget* ByggTakt();
     QWidget* ByggListor();
     QWidget* ByggDigital();
+    QWidget* ByggMakro();
     void ByggStatusrad();
     void ByggMenyer();
     void KopplaMenyer();

@@ -424,6 +424,7 @@ QWidget* frTest::ByggDigital() {
     cmdRensa = NyKnapp("cmdRensa", QStringLiteral("Rensa"));
     rad->addWidget(RXWindow, 1);
     rad->addWidget(TXWindow, 1);
+    rad->addWidget(ByggMakro());
     rad->addWidget(cmdRensa, 0, Qt::AlignTop);
     frmDigital->setFixedHeight(110);
     frmDigital->hide();

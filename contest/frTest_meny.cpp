@@ -206,6 +206,8 @@ void frTest::KopplaMenyer() {
     vid("mnufönster_Lokator", [] { frData::instans().Visa(); });
     vid("mnufönster_Editor", [] { frEditorTest::instans().Visa(); });
     vid("mnufönster_Grid", [] { frGrid::instans().Visa(); });
+    vid("mnuCW_Macrofiler_Laddafil", [this] { LaddaMakrofil(QStringLiteral("Macrofiler/CW")); });
+    vid("mnuDigital_Macro_Laddafil", [this] { LaddaMakrofil(QStringLiteral("Macrofiler/Digital/")); });
     vid("mnuFönster_Digi", [this] { StartFT8(); });
     vid("mnuHjälp_Sorvik", [] { frHjälp::instans().Visa(); });
     vid("mnuHjälp_Om", [] { frTestOm::instans().Visa(); });

@@ -1,8 +1,10 @@
 #include "platform/widgets.h"
 
+#include "platform/listener.h"
 #include "platform/text.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -160,6 +162,20 @@ void ComboBox::wheelEvent(QWheelEvent* event) {
     if (locked_ || !hasFocus()) return event->ignore();
     changed_ = false;
     QComboBox::wheelEvent(event);
+}
+
+// ---- PushButton ---------------------------------------------------------------------------------------
+
+void PushButton::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::RightButton) return QPushButton::mousePressEvent(event);
+    event->accept();
+    Call(rightPress_);
+}
+
+void PushButton::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    // One that comes of the mouse follows the press, which has been answered.
+    if (event->reason() == QContextMenuEvent::Keyboard) Call(rightPress_);
 }
 
 // ---- ClickLabel ---------------------------------------------------------------------------------------

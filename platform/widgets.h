@@ -97,6 +97,21 @@ private:
     bool changed_ = false;
 };
 
+/// A button that answers a press of the right mouse button too. The menu key does the same, so that the
+/// keyboard reaches all that the mouse does.
+class PushButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+    void OnRightPress(std::function<void()> press) { rightPress_ = std::move(press); }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    std::function<void()> rightPress_;
+};
+
 /// A text or picture that answers a click.
 class ClickLabel : public QLabel {
 public:
