@@ -17,7 +17,7 @@ for number in 1 2 3 4 5 6 7 8 9 10; do
   [ -s "$data/Ljud/Test/$number.wav" ] || fail "no sound $number"
 done
 rm "$data/DX Telnet/GB7DJK.dxt"
-for own in "DX Telenet/GB7DJK.dxt" Ljud/Test/3.wav INI/Rapport.ini SVD.Dat DXSpott.Dat; do
+for own in "DX Telenet/GB7DJK.dxt" Ljud/Test/3.wav INI/Rapport.ini SVD.Dat DXSpott.Dat Macrofiler/CW/CW-test.ini; do
   echo own >"$data/$own"
 done
 echo old >"$data/DXS"
@@ -25,7 +25,7 @@ touch "$data/Loggar/own.svk"
 
 cmake --install "$1" --prefix "$folder/Sorvik" >/dev/null
 [ ! -e "$data/DX Telnet/GB7DJK.dxt" ] || fail "a deleted site has come back"
-for own in "DX Telenet/GB7DJK.dxt" Ljud/Test/3.wav INI/Rapport.ini SVD.Dat DXSpott.Dat; do
+for own in "DX Telenet/GB7DJK.dxt" Ljud/Test/3.wav INI/Rapport.ini SVD.Dat DXSpott.Dat Macrofiler/CW/CW-test.ini; do
   [ "$(cat "$data/$own")" = own ] || fail "$own was overwritten"
 done
 cmp "$1/Data/DXS" "$data/DXS"
