@@ -2,9 +2,10 @@
 # shellcheck shell=bash disable=SC2034  # read by name, through "${!list}"
 
 packages_build="g++ cmake ninja-build ccache qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev libsqlite3-dev
-  qt6-l10n-tools qt6-translations-l10n qt6-serialport-dev qt6-multimedia-dev"
-packages_run="libqt6widgets6 libqt6network6 libqt6serialport6 libqt6multimedia6 libhamlib-utils qt6-qpa-plugins libsqlite3-0 fonts-dejavu-core"
-packages_test="libgtest-dev libgmock-dev libbenchmark-dev"
+  qt6-l10n-tools qt6-translations-l10n qt6-serialport-dev qt6-multimedia-dev
+  pkg-config libsamplerate0-dev libkissfft-dev libsndfile1-dev"
+packages_run="libqt6widgets6 libqt6network6 libqt6serialport6 libqt6multimedia6 libhamlib-utils libsamplerate0 libkissfft-float131 qt6-qpa-plugins libsqlite3-0 fonts-dejavu-core"
+packages_test="libgtest-dev libgmock-dev libbenchmark-dev minimodem"
 packages_tour="xvfb xdotool openbox imagemagick python3"
 packages_check="clang libclang-rt-14-dev clang-format clang-tidy shellcheck"
 
