@@ -166,6 +166,11 @@ void ComboBox::wheelEvent(QWheelEvent* event) {
 
 // ---- PushButton ---------------------------------------------------------------------------------------
 
+void TextView::mouseDoubleClickEvent(QMouseEvent* event) {
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+    if (doubleClick_) doubleClick_(cursorForPosition(event->position().toPoint()));
+}
+
 void PushButton::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::RightButton) return QPushButton::mousePressEvent(event);
     event->accept();

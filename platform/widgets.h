@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
@@ -110,6 +111,22 @@ protected:
 
 private:
     std::function<void()> rightPress_;
+};
+
+/// A text of several lines to read and to pick from.
+class TextView : public QPlainTextEdit {
+public:
+    using QPlainTextEdit::QPlainTextEdit;
+    /// @param press its argument is the place in the text
+    void OnDoubleClick(std::function<void(const QTextCursor& place)> press) {
+        doubleClick_ = std::move(press);
+    }
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    std::function<void(const QTextCursor&)> doubleClick_;
 };
 
 /// A text or picture that answers a click.

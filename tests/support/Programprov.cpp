@@ -5,6 +5,9 @@
 #include "contest/frVarning.h"
 #include "platform/application.h"
 #include "platform/clock.h"
+#include "platform/mmvari/keyline.h"
+#include "platform/mmvari/mmvari.h"
+#include "platform/mmvari/soundcard.h"
 #include "platform/paths.h"
 #include "platform/windows.h"
 #include "store/SparaModul.h"
@@ -60,6 +63,10 @@ Programprov::Programprov() {
         slut = status;
         throw ProcessSlut{status};
     });
+    // The machine's own sound card and serial port are nobody's to test with.
+    platform::SoundCards() = {.input = [](const auto&) { return nullptr; },
+                              .output = [](const auto&) { return nullptr; }};
+    platform::KeyLines().open = [](const QString&) { return nullptr; };
     delat = {};
     NollställSpott();
     NollställDatabaser();
@@ -70,6 +77,9 @@ Programprov::Programprov() {
 
 Programprov::~Programprov() {
     platform::Dialogs() = {};
+    platform::Mmvaris() = {};
+    platform::SoundCards() = {};
+    platform::KeyLines() = {};
     platform::SetEndProcess({});
     platform::SetClock({});
     platform::SetProgramFolder({});

@@ -1,0 +1,13 @@
+#include "platform/mmvari/xmmvbtn.h"
+
+namespace platform {
+
+XMMVBtn::XMMVBtn(const QString& caption, const char* name, bool stays)
+    : QPushButton(caption) {
+    setObjectName(QString::fromUtf8(name));
+    setCheckable(stays);
+    setAutoDefault(false);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+} // namespace platform
