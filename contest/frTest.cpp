@@ -12,6 +12,7 @@
 #include "platform/application.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
+#include "platform/mmvari/mmvari.h"
 #include "platform/paths.h"
 #include "platform/windows.h"
 #include "radio/frInstDigi.h"
@@ -64,7 +65,8 @@ void frTest::Ladda() {
     Initiera_Fönster();
     SättRubrik(Produkt + QLatin1Char(' ') + Version);
     Meny("mnuRadio_Av")->setChecked(true);
-    // At start the number is always 0; the other height stands here for a log of contest 6.
+    // At start the number is always 0; the other branch stands here for a log of contest 6.
+    if (delat.AktuelltTest == 6) Initiera_MMVari();
     dgLogg->setMaximumHeight(delat.AktuelltTest == 6 ? Twips(3855) : QWIDGETSIZE_MAX);
     Placera(QPoint(Twips(4680), Twips(380)));
     lblV->setText(Version);
@@ -132,6 +134,7 @@ void frTest::closeEvent(QCloseEvent* event) {
     // The log that may be open is left alone: its clocks are not written back at exit.
     StängAlltOchSpara();
     hide();
+    StannaMMVari(); // no radio stays keyed
     frDXCluster::LaddaUr();
     frDXSpott::LaddaUr();
     frOmni::LaddaUr();

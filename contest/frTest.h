@@ -15,7 +15,15 @@
 
 #include <array>
 #include <map>
+#include <memory>
 #include <vector>
+
+namespace platform {
+class MmvariX;
+class XMMVBtn;
+class XMMVLvl;
+class XMMVView;
+} // namespace platform
 
 /// The main window: entry form, score board, log and menus. It is the first thing loaded and the last to go.
 ///
@@ -63,7 +71,12 @@ public:
 
     // ---- digital contests -----------------------------------------------------------------------------
     QGroupBox* frmDigital;
-    QPlainTextEdit *RXWindow, *TXWindow;
+    platform::XMMVView* XMMVView;
+    platform::XMMVLvl* XMMVLvl;
+    QComboBox *CBMode, *CBSpeed, *CBRX;
+    platform::XMMVBtn *BtnTX, *BtnRX, *BtnHAM, *BtnAFC, *BtnATC, *BtnNET;
+    platform::TextView* RXWindow;
+    QPlainTextEdit* TXWindow;
     QGroupBox* fmMacro;
     std::array<platform::PushButton*, radio::makroKnappar + 1> cmdMacro{}; ///< index 1 to 12
 
@@ -97,8 +110,12 @@ public:
     void FärgaFrekvens(bool följer);
 
     // ---- the digital modes ----------------------------------------------------------------------------
-    /// Applies the digital settings to the modem.
+    /// Sets the engine up by the settings, and starts it in a digital contest.
     void Initiera_MMVari();
+    void Initiera_Bandbredd();
+    void Initiera_BPF();
+    /// The sound card and the line that keys the radio are free for others.
+    void StannaMMVari();
     /// The transmitter goes on; back to receive when the text has run out.
     void TX();
     void RX();
@@ -236,6 +253,18 @@ private:
     QWidget* ByggTakt();
     QWidget* ByggListor();
     QWidget* ByggDigital();
+    QLayout* ByggModemknappar();
+    QLayout* ByggTextfönster();
+    platform::MmvariX& Mmv();
+    void VisaHastighet();
+    void VisaMottagning();
+    void VisaKnapp(int vilken);
+    void BtnTX_Click();
+    void MMVARI_Sändläge(int läge);
+    void TömTXWindow();
+    void MMVARI_SändBegäran();
+    void MMVARI_Mottaget(int kanal, QChar tecken);
+    void RXWindow_DblClick(const QTextCursor& markör);
     QWidget* ByggMakro();
     void ByggStatusrad();
     void ByggMenyer();
@@ -266,4 +295,6 @@ private:
     bool prefixLoggVisas_ = false; ///< the layout in which dgLogg stands
     std::vector<QWidget*> tabbordning_;
     std::array<QLabel*, 4> paneler_{};
+    std::unique_ptr<platform::MmvariX> MMVARI; ///< made when a digital contest is first set up
+    int SändPlats = 0;                         ///< of the character in TXWindow that goes out next
 };

@@ -147,7 +147,7 @@ void frTest::ByggFönster() {
 
     dgLogg = Named(new platform::DataGrid, "dgLogg");
     dgLogg->setAccessibleName(QStringLiteral("Logg"));
-    dgLogg->setMinimumHeight(110);
+    dgLogg->setMinimumHeight(76);
     dgLogg->setFocusPolicy(Qt::ClickFocus);
     allt->addWidget(dgLogg, 1);
     allt->addWidget(ByggDigital());
@@ -404,31 +404,9 @@ QWidget* frTest::ByggListor() {
     rad->addWidget(ram(frmTQSO, dgTidigareQSO), 6);
     rad->addWidget(ram(new QGroupBox(QStringLiteral("Multiplar")), dgMulti), 2);
     rad->addWidget(ram(new QGroupBox(QStringLiteral("DXCC")), dgDXCC), 1);
-    ruta->setFixedHeight(118);
+    ruta->setMinimumHeight(80); // on a small screen, with the modem below
+    ruta->setMaximumHeight(118);
     return ruta;
-}
-
-QWidget* frTest::ByggDigital() {
-    frmDigital = Named(new QGroupBox(QStringLiteral("Digital")), "frmDigital");
-    auto* rad = new QHBoxLayout(frmDigital);
-    rad->setContentsMargins(6, 2, 6, 6);
-    RXWindow = Named(new QPlainTextEdit, "RXWindow");
-    TXWindow = Named(new QPlainTextEdit, "TXWindow");
-    // Tab goes round the entry form; what it types into a text window is no use on the air.
-    for (QPlainTextEdit* fönster : {RXWindow, TXWindow}) {
-        fönster->setFocusPolicy(Qt::ClickFocus);
-        fönster->setTabChangesFocus(true);
-    }
-    RXWindow->setAccessibleName(QStringLiteral("Mottaget"));
-    TXWindow->setAccessibleName(QStringLiteral("Sänt"));
-    cmdRensa = NyKnapp("cmdRensa", QStringLiteral("Rensa"));
-    rad->addWidget(RXWindow, 1);
-    rad->addWidget(TXWindow, 1);
-    rad->addWidget(ByggMakro());
-    rad->addWidget(cmdRensa, 0, Qt::AlignTop);
-    frmDigital->setFixedHeight(110);
-    frmDigital->hide();
-    return frmDigital;
 }
 
 void frTest::ByggStatusrad() {

@@ -218,6 +218,10 @@ void frTest::InitieraTest(int test) {
     const contest::Test* val = contest::HämtaTest(test);
     if (val) InitieraVal(*val);
     const contest::Test& meny = contest::TestFör(test);
+    if (meny.meny == contest::MenyVal::Digital)
+        Initiera_MMVari();
+    else
+        StannaMMVari();
     if (meny.meny == contest::MenyVal::Cw) RensaTest();
     delat.DigitalTest = meny.meny == contest::MenyVal::Digital;
     Meny("mnuDigital")->menu()->setEnabled(delat.DigitalTest);

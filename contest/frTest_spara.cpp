@@ -103,7 +103,8 @@ void frTest::cmdVisa_Click() {
 }
 
 void frTest::cmdRensa_Click() {
-    for (QPlainTextEdit* fönster : {RXWindow, TXWindow}) fönster->clear();
+    RXWindow->clear();
+    TömTXWindow();
 }
 
 void frTest::cmdRadera_Click() {
