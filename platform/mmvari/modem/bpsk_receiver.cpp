@@ -88,7 +88,7 @@ private:
     std::size_t blockLength_;
     std::int64_t nextSearch_ = 0; ///< number of a baseband sample
     bool locked_ = false;
-    bool begun_ = false; ///< something of the signal was put out
+    bool begun_ = false;          ///< something of the signal was put out
     std::int64_t lockedTill_ = 0; ///< likewise
 };
 
@@ -162,8 +162,8 @@ void BpskReceiver::TakeBlock(std::string& text) {
     samples_.Trim();
 }
 
-/// The shortest word is that of the blank, so that it is what noise in front of a signal mostly looks like. A text
-/// does not begin with one.
+/// The shortest word is that of the blank, so that it is what noise in front of a signal mostly looks like. A
+/// text does not begin with one.
 void BpskReceiver::Print(std::string& text) {
     if (squelch_ && !begun_) fresh_.erase(0, fresh_.find_first_not_of(' '));
     if (!locked_) begun_ = false;

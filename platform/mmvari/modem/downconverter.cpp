@@ -8,6 +8,16 @@
 
 namespace platform::modem {
 
+namespace {
+
+/// What no sound card gives, but a file may: one such sample must not stay in running sums for ever.
+double Usable(float sample) {
+    constexpr double most = 8; // of full scale
+    return std::isfinite(sample) ? std::clamp(static_cast<double>(sample), -most, most) : 0;
+}
+
+} // namespace
+
 std::vector<float> LowPass(double rate, double edge, double stop) {
     // Kaiser's formulas.
     constexpr double attenuation = 80, beta = 0.1102 * (attenuation - 8.7);
@@ -53,13 +63,14 @@ void Downconverter::Process(std::span<const float> audio, std::vector<Complex>& 
     for (std::size_t i = 0; i < audio.size(); ++i) {
         // Half of a real tone's power lies on the other side of 0 Hz: twice makes its magnitude its
         // amplitude.
-        const double sample = 2.0 * static_cast<double>(audio[i]);
+        const double sample = 2.0 * Usable(audio[i]);
         history_[kept + i] =
             Complex(static_cast<float>(sample * phase_.real()), static_cast<float>(sample * phase_.imag()));
         phase_ = {phase_.real() * turn_.real() - phase_.imag() * turn_.imag(),
                   phase_.real() * turn_.imag() + phase_.imag() * turn_.real()};
+        // By count, so that nothing depends on the pieces in which audio comes.
+        if (++turned_ % 1024 == 0) phase_ /= std::abs(phase_);
     }
-    phase_ /= std::abs(phase_);
 
     const std::size_t length = taps_.size();
     for (; next_ < history_.size(); next_ += static_cast<std::size_t>(step_)) {

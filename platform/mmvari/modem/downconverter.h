@@ -1,6 +1,7 @@
 #pragma once
 
 #include <complex>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -27,7 +28,8 @@ public:
     double Delay() const;
 
     /// @param out what comes out is put behind what it holds: the signal's analytic half, an audio tone of
-    /// amplitude 1 has magnitude 1
+    /// amplitude 1 has magnitude 1. Samples far beyond full scale are cut, what is no number counts as
+    /// silence
     void Process(std::span<const float> audio, std::vector<Complex>& out);
 
 private:
@@ -37,6 +39,7 @@ private:
     std::vector<Complex> history_; ///< mixed samples, the newest at the end
     std::size_t next_;             ///< index in history_ of the last sample of the next output's window
     std::complex<double> phase_{1, 0}, turn_{1, 0};
+    std::uint64_t turned_ = 0; ///< samples
 };
 
 /// A low-pass of linear phase, by windowed sine cardinal (Kaiser, 80 dB): sum of taps is 1.

@@ -37,7 +37,7 @@ public:
         // Noise, and no signal before it; or a text would begin with a doubtful character.
         if (on_ && (sum_ == 0 || (!open_ && !rising_ && waiting_.empty()))) return;
         waiting_ += character;
-        if (on_ && !(open_ && rising_)) return;
+        if (on_ && !(open_ && (rising_ || waiting_.size() > longestWait))) return;
         text += waiting_;
         waiting_.clear();
     }
@@ -48,6 +48,8 @@ public:
     }
 
 private:
+    /// A signal that stays doubtful is read all the same.
+    static constexpr std::size_t longestWait = 40;
     static constexpr double lessThanUsual = 2.5, usualMemory = 6;
 
     double enough_, most_, sure_;

@@ -33,6 +33,8 @@ public:
     /// @param code 0 to 31
     /// @return nothing for a shift, a blank tape, the bell and the codes without a meaning
     std::optional<char> Decode(std::uint8_t code);
+    /// Another station begins with letters.
+    void Reset() { figures_ = false; }
 
 private:
     bool unshift_ = true;

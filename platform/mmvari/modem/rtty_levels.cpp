@@ -16,8 +16,8 @@ constexpr double guess = 10;
 constexpr double guessWeight = 1;
 /// The least that a tone is taken for: weaker ones are not to be read anyway.
 constexpr double leastTone = 2;
-/// The most that a tone is taken for, over noise: a strong one needs no more, and when it ends, what noise looks like
-/// must not count as much as it did.
+/// The most that a tone is taken for, over noise: a strong one needs no more, and when it ends, what noise
+/// looks like must not count as much as it did.
 constexpr double mostTone = 15;
 /// Rounding of 16-bit samples is the least noise there is.
 constexpr double leastNoise = 1e-12;

@@ -60,6 +60,7 @@ public:
         down_.Carrier(tuned_);
         pair_.Reset();
         evidence_.Reset();
+        decoder_.Reset();
     }
     void Afc(bool on) override { afc_ = on; }
     void Squelch(bool on) override { evidence_.On(on); }
@@ -115,7 +116,8 @@ private:
         const double ratio = SignalRatio(bits);
         evidence_.Weigh(ratio - noiseRatio);
         levels_.Learn(bits, 1 / (1 + std::exp(-std::clamp(ratio, -30.0, 30.0))));
-        if (afc_) Follow(start, code);
+        // Noise behind the end of a signal, or with the squelch off, must not lead away.
+        if (afc_ && ratio - noiseRatio >= sure) Follow(start, code);
         if (const auto character = decoder_.Decode(code)) evidence_.Print(*character, text);
     }
 

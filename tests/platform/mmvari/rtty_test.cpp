@@ -320,6 +320,54 @@ TEST(RttyReceiver, AfcEndsWithinAHertzOfTheSignal) {
     }
 }
 
+TEST(RttyReceiver, AfcStaysWhereTheSignalWasWhenItHasEnded) {
+    // The answer goes out just then.
+    for (const double baud : {45.45, 75.0})
+        for (std::uint32_t seed = 1; seed <= 5; ++seed) {
+            const ModemSetup setup{.mode = Mode::RttyL, .baud = baud, .carrier = 2125, .rate = 11025};
+            ModemSetup sender = setup;
+            sender.carrier += 12;
+            Väg väg;
+            väg.snr = 10;
+            väg.tystnad = 4;
+            väg.frö = seed;
+            const auto receiver = MakeReceiver(setup);
+            receiver->Afc(true);
+            std::string text;
+            receiver->Receive(OnTheAir(sender, provkanal::Testtext(60, seed), väg), text);
+            EXPECT_NEAR(receiver->Carrier(), sender.carrier, 1.2) << baud << ' ' << seed;
+        }
+}
+
+TEST(RttyReceiver, OneSampleThatIsNoNumberSpoilsNothingForGood) {
+    const ModemSetup setup{.mode = Mode::RttyL, .baud = 45.45, .carrier = 2125, .rate = 11025};
+    for (const float bad : {std::nanf(""), INFINITY, -INFINITY, 1e30F}) {
+        const auto receiver = MakeReceiver(setup);
+        std::string text;
+        receiver->Receive(std::vector{0.1F, bad, 0.1F}, text);
+        receiver->Receive(OnTheAir(setup, "CQ TEST SM0ABC"), text);
+        EXPECT_EQ(text, "CQ TEST SM0ABC") << bad;
+    }
+}
+
+TEST(RttyReceiver, AnotherStationBeginsWithLetters) {
+    const ModemSetup setup{.mode = Mode::RttyL, .baud = 45.45, .carrier = 2125, .rate = 11025};
+    const auto receiver = MakeReceiver(setup);
+    receiver->UnshiftOnSpace(false);
+    std::string text;
+    receiver->Receive(OnTheAir(setup, "59912345"), text);
+    receiver->Carrier(1500);
+    ModemSetup other = setup;
+    other.carrier = 1500;
+    Audio audio = provkanal::Koda(other, "QWERTY");
+    // Tuned in behind the letters in front of the text.
+    audio.erase(audio.begin(), audio.begin() + static_cast<std::ptrdiff_t>(0.55 * setup.rate));
+    text.clear();
+    receiver->Receive(audio, text);
+    receiver->Receive(Audio(11025), text);
+    EXPECT_NE(text.find("ERTY"), std::string::npos) << text;
+}
+
 TEST(RttyReceiver, AfcStaysWhereItIsOnNoise) {
     const auto receiver = MakeReceiver({.mode = Mode::RttyL, .baud = 45.45, .carrier = 2125, .rate = 11025});
     receiver->Afc(true);

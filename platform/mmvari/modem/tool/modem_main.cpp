@@ -4,6 +4,7 @@
 #include <sndfile.h>
 
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -30,7 +31,7 @@ MODE is bpsk, rtty-L, rtty-U, mfsk-L or mfsk-U.
   --no-uos        RTTY: a space does not go back to letters
   --channel N     of a file with several, from 0; default 0
   --status        print carrier and quality at the end, to standard error
-A file may be anything that libsndfile reads; "-" is standard input or output for --encode's text only.
+--decode reads what libsndfile reads. Texts are in Windows-1252.
 )";
 
 struct Options {
@@ -44,7 +45,7 @@ struct Options {
 double Number(std::string_view text) {
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
+    if (error != std::errc() || end != text.data() + text.size() || !(std::abs(value) < 1e6))
         throw std::invalid_argument("not a number: " + std::string(text));
     return value;
 }
@@ -69,7 +70,7 @@ Options Parse(std::span<char*> arguments) {
         } else if (argument == "--carrier")
             options.setup.carrier = Number(value());
         else if (argument == "--rate")
-            options.setup.rate = Number(value());
+            options.setup.rate = std::floor(Number(value()));
         else if (argument == "--channel")
             options.channel = static_cast<int>(Number(value()));
         else if (argument == "--decode")
