@@ -42,9 +42,10 @@ frTest::frTest() {
     KopplaFormulär();
     KopplaKnappar();
     KopplaMenyer();
+    platform::SetLetGo([this] { StannaMMVari(); });
 }
 
-frTest::~frTest() = default;
+frTest::~frTest() { platform::SetLetGo({}); }
 
 frTest& frTest::instans() { return platform::SingleWindow<frTest>::get(); }
 
@@ -66,7 +67,9 @@ void frTest::Ladda() {
     SättRubrik(Produkt + QLatin1Char(' ') + Version);
     Meny("mnuRadio_Av")->setChecked(true);
     // At start the number is always 0; the other branch stands here for a log of contest 6.
-    if (delat.AktuelltTest == 6) Initiera_MMVari();
+    delat.DigitalTest = delat.AktuelltTest == 6;
+    if (delat.DigitalTest) Initiera_MMVari();
+    frmDigital->setVisible(delat.DigitalTest);
     dgLogg->setMaximumHeight(delat.AktuelltTest == 6 ? Twips(3855) : QWIDGETSIZE_MAX);
     Placera(QPoint(Twips(4680), Twips(380)));
     lblV->setText(Version);
@@ -132,9 +135,9 @@ void frTest::closeEvent(QCloseEvent* event) {
     if (!platform::AskYesNo(QStringLiteral("Vill du verkligen avsluta Sorvik ?"), QStringLiteral("Sorvik")))
         return;
     // The log that may be open is left alone: its clocks are not written back at exit.
+    StannaMMVari(); // no radio stays keyed, whatever messages come
     StängAlltOchSpara();
     hide();
-    StannaMMVari(); // no radio stays keyed
     frDXCluster::LaddaUr();
     frDXSpott::LaddaUr();
     frOmni::LaddaUr();

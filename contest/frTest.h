@@ -116,6 +116,8 @@ public:
     void Initiera_BPF();
     /// The sound card and the line that keys the radio are free for others.
     void StannaMMVari();
+    /// The transmitter goes off at once, if it is on.
+    void AvbrytSändning();
     /// The transmitter goes on; back to receive when the text has run out.
     void TX();
     void RX();

@@ -18,6 +18,8 @@ namespace {
 constexpr double utgångston = 2125;
 /// Three lines.
 constexpr int minstaText = 56;
+/// Characters of a line of received text behind which a blank ends it.
+constexpr int längstaRad = 400;
 /// Lines of received text that are kept.
 constexpr int minnesrader = 5000;
 /// What has been sent.
@@ -37,9 +39,14 @@ constexpr std::array bilder = {
     Bild{"FFT", platform::XMMVView::Kind::Fft}, Bild{"V.F", platform::XMMVView::Kind::Waterfall},
     Bild{"SYN", platform::XMMVView::Kind::Sync}, Bild{"WAV", platform::XMMVView::Kind::Wave}};
 
-/// A list of the engine's; choosing leaves the typing to the entry form.
+/// A list of the engine's. A wheel that passes over it must not take the signal away.
+class Modemlista : public QComboBox {
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
 QComboBox* NyLista(const char* namn, const QString& beskrivning) {
-    auto* lista = platform::Named(new QComboBox, namn);
+    auto* lista = platform::Named(new Modemlista, namn);
     lista->setAccessibleName(beskrivning);
     lista->setToolTip(beskrivning);
     lista->setFocusPolicy(Qt::ClickFocus);
@@ -88,6 +95,9 @@ QLayout* frTest::ByggModemknappar() {
     connect(CBMode, &QComboBox::activated, this, [this] { Mmv().Mode(0, CBMode->currentText()); });
     connect(CBSpeed, &QComboBox::activated, this, [this] { Mmv().Speed(0, CBSpeed->currentText()); });
     connect(CBRX, &QComboBox::activated, this, [this](int rad) { Mmv().ReceiveChoice(0, rad); });
+    // The next call typed is meant for the form: a list would look it up among its entries.
+    for (QComboBox* lista : {CBMode, CBSpeed, CBRX})
+        connect(lista, &QComboBox::activated, txtSignal, [this] { txtSignal->setFocus(); });
 
     const auto knapp = [this](const char* text, const char* namn, const QString& hjälp, bool stannar,
                               const auto& klick) {
@@ -129,12 +139,17 @@ QLayout* frTest::ByggTextfönster() {
         fönster->setUndoRedoEnabled(false);
         fönster->setMinimumHeight(minstaText);
     }
+    // What the operator takes back of what was sent already must not cost what he types next.
+    connect(TXWindow, &QPlainTextEdit::textChanged, this,
+            [this] { SändPlats = std::min(SändPlats, TXWindow->document()->characterCount() - 1); });
     RXWindow->setAccessibleName(QStringLiteral("Mottaget"));
     TXWindow->setAccessibleName(QStringLiteral("Sänt"));
     RXWindow->setReadOnly(true);
     RXWindow->setMaximumBlockCount(minnesrader);
     RXWindow->OnDoubleClick([this](const QTextCursor& markör) { RXWindow_DblClick(markör); });
     cmdRensa = platform::NewButton("cmdRensa", QStringLiteral("Rensa"));
+    cmdRensa->setAutoDefault(true); // Enter on a focused button presses that button
+    cmdRensa->setFocusPolicy(Qt::TabFocus);
     rad->addWidget(RXWindow, 1);
     rad->addWidget(TXWindow, 1);
     rad->addWidget(ByggMakro());
@@ -191,7 +206,11 @@ void frTest::Initiera_MMVari() {
     mmv.RxClock(val.DigiRXKlocka.toInt());
     mmv.Carrier(0, utgångston);
     // Saving the settings in another contest does not take the sound card.
-    if (delat.AktuelltTest == 6) mmv.Start();
+    if (delat.DigitalTest) mmv.Start();
+}
+
+void frTest::AvbrytSändning() {
+    if (MMVARI) MMVARI->Transmit(false);
 }
 
 void frTest::StannaMMVari() {
@@ -289,7 +308,9 @@ void frTest::MMVARI_Mottaget(int kanal, QChar tecken) {
     }
     QTextCharFormat format;
     format.setFontWeight(QFont::Normal);
-    markör.insertText(tecken == u'\r' ? QString(u'\n') : QString(tecken), format);
+    // A station that sends no line ends, or noise, must not make a line that takes long to lay out.
+    const bool full = tecken == u' ' && markör.block().length() > längstaRad;
+    markör.insertText(tecken == u'\r' || full ? QString(u'\n') : QString(tecken), format);
     RXWindow->moveCursor(QTextCursor::End);
 }
 

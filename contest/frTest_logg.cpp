@@ -74,6 +74,7 @@ void frTest::NyTestLogg() {
 
 void frTest::ÖppnaTestLogg() {
     try {
+        AvbrytSändning(); // the dialog may stand for long
         const auto fil = platform::AskFile(
             {.title = QStringLiteral("Öppna Logg"), .folder = Loggmapp(), .filter = loggFilter});
         if (!fil) return;
@@ -82,6 +83,7 @@ void frTest::ÖppnaTestLogg() {
         platform::DoEvents();
         VerkställÖppnaTestLogg();
     } catch (const platform::Failure&) {
+        StannaMMVari(); // the message may stand for hours
         platform::MsgBox(QStringLiteral("Ett fel har inträffat vid öppning av loggen! Sorvik avslutas!"),
                          QStringLiteral("ÖppnaTestLogg"));
         platform::EndProcess(1);
@@ -161,6 +163,7 @@ void frTest::SkrivHållenKontakt() {
 }
 
 void frTest::StängTestLogg() {
+    AvbrytSändning();
     try {
         Databaser& d = db();
         if (d.TestDB.IsOpen()) {
@@ -196,6 +199,7 @@ void frTest::UppdateraViaNät() {
 }
 
 void frTest::mnuArkiv_StängTestlogg_Click() {
+    StannaMMVari(); // without a log nobody is on the air
     StängTestLogg();
     delat.TestLoggÖppen = false;
     StannaKlockor();
@@ -218,12 +222,12 @@ void frTest::InitieraTest(int test) {
     const contest::Test* val = contest::HämtaTest(test);
     if (val) InitieraVal(*val);
     const contest::Test& meny = contest::TestFör(test);
-    if (meny.meny == contest::MenyVal::Digital)
+    delat.DigitalTest = meny.meny == contest::MenyVal::Digital; // only then the engine starts
+    if (delat.DigitalTest)
         Initiera_MMVari();
     else
         StannaMMVari();
     if (meny.meny == contest::MenyVal::Cw) RensaTest();
-    delat.DigitalTest = meny.meny == contest::MenyVal::Digital;
     Meny("mnuDigital")->menu()->setEnabled(delat.DigitalTest);
     Meny("mnuCW")->menu()->setEnabled(meny.meny == contest::MenyVal::Cw);
 }

@@ -18,6 +18,11 @@ std::function<void(int)>& replacedEnd() {
 }
 } // namespace
 
+std::function<void()>& letGo() {
+    static std::function<void()> function;
+    return function;
+}
+
 void EndProcess(int status) {
     if (replacedEnd()) return replacedEnd()(status);
     std::fflush(nullptr);
@@ -27,10 +32,17 @@ void EndProcess(int status) {
 
 void SetEndProcess(std::function<void(int)> end) { replacedEnd() = std::move(end); }
 
+void SetLetGo(std::function<void()> function) { letGo() = std::move(function); }
+
 void EndByFailure(const QString& message) {
     static bool ending = false; // a timer may fail too while the box stands
     if (ending) return;
     ending = true;
+    try {
+        if (letGo()) letGo()();
+    } catch (const std::exception&) {
+        // The failure that is being told of is the one that counts.
+    }
     std::fprintf(stderr, "Sorvik: run-time error: %s\n", message.toUtf8().constData());
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Sorvik"),
                     QStringLiteral("Run-time error:\n\n") + message, QMessageBox::Ok);

@@ -57,6 +57,8 @@ void frMacroEditor::Bygg() {
     cmdKnappfärg = platform::NewButton("cmdKnappfärg", QStringLiteral("Knapp färg"));
     cmdÅter = platform::NewButton("cmdÅter", QStringLiteral("Grundställ Färg"));
     cmdSpara->setDefault(true);
+    for (QPushButton* knapp : {cmdRensa, cmdStäng, cmdKnappfärg, cmdÅter})
+        knapp->setAutoDefault(true); // Enter on a focused button presses that button
 
     auto* rader = new QFormLayout;
     rader->addRow(lblKnapp, txtKnapp);

@@ -20,6 +20,8 @@ constexpr int keyLead = 50;
 /// A step of the buffers' depths: incoming sound must wait for as long as the program may be busy with a
 /// large log, outgoing sound is late by what lies in its buffer.
 constexpr double fifoRxSeconds = 0.1, fifoTxSeconds = 0.05;
+/// Milliseconds that a card may take nothing of what is written: longer than any buffer lasts.
+constexpr int stuckAfter = 5000;
 /// Below this nothing is sent or received; hum and the low end of noise are.
 constexpr double humEdge = 200;
 /// Of what the card can do: the radio's own level is set at the card, and a peak must not be cut.
@@ -434,7 +436,13 @@ void SoftModem::BeginSound() {
 
 /// Keeps the card's buffer full.
 void SoftModem::Feed() {
-    if (const QString trouble = output_->Trouble(); !trouble.isEmpty()) {
+    if (output_->Free() != free_) {
+        free_ = output_->Free();
+        moving_.start();
+    }
+    const QString trouble =
+        moving_.elapsed() > stuckAfter ? QStringLiteral("Ljudkortet svarar inte") : output_->Trouble();
+    if (!trouble.isEmpty()) {
         // Nobody hears the rest: the radio must not stay keyed for it.
         outTrouble_ = trouble;
         EndSound();

@@ -120,6 +120,8 @@ private:
     std::unique_ptr<modem::Resampler> upsampler_;
     std::vector<float> piece_, outgoing_;
     QElapsedTimer keyed_;
+    QElapsedTimer moving_; ///< since the card last took something
+    std::size_t free_ = 0; ///< of its buffer at that time
     QTimer timer_;
 };
 

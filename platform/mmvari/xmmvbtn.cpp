@@ -6,7 +6,7 @@ XMMVBtn::XMMVBtn(const QString& caption, const char* name, bool stays)
     : QPushButton(caption) {
     setObjectName(QString::fromUtf8(name));
     setCheckable(stays);
-    setAutoDefault(false);
+    setAutoDefault(true); // Enter on a focused button presses that button
     setFocusPolicy(Qt::TabFocus);
 }
 

@@ -128,6 +128,11 @@ void XMMVView::mousePressEvent(QMouseEvent* event) {
     if (onClick) onClick();
 }
 
+/// The picture may have moved since the first click: the second one must not tune elsewhere.
+void XMMVView::mouseDoubleClickEvent(QMouseEvent*) {
+    if (onClick) onClick();
+}
+
 void XMMVView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), ground);

@@ -1,5 +1,9 @@
 // The main window's side of the digital modes, over an engine of the test's own.
 #include "contest/Modemfönster.h"
+#include "platform/application.h"
+
+#include <QTextBlock>
+#include <QWheelEvent>
 
 using platform::XMMVView;
 
@@ -21,7 +25,7 @@ TEST_F(DigitalProv, SettingsThatWereNeverSavedStartTheEngineWithTheDefaults) {
 TEST_F(DigitalProv, EverySettingReachesTheEngineInItsOrder) {
     radio::Digitalval val;
     val.DigiBandbredd = "2K";
-    val.DigiUOS = val.DigiHPF = val.DigiATC = 1;
+    val.DigiUOS = val.DigiHPF = val.DigiATC = val.DigiAFC = 1;
     val.DigiComport = "Com3";
     val.DigiTrafik = "rtty-U";
     val.DigiDisplay = "SYN";
@@ -34,7 +38,7 @@ TEST_F(DigitalProv, EverySettingReachesTheEngineInItsOrder) {
     SparaVal(val);
     const frTest& f = StartaRTTY();
     EXPECT_EQ(motor->anrop,
-              (QStringList{"Mode 0 rtty-U", "Switch 3 1", "Switch 4 1", "Switch 2 0", "Switch 1 1", "Afc 0 0",
+              (QStringList{"Mode 0 rtty-U", "Switch 3 1", "Switch 4 1", "Switch 2 0", "Switch 1 1", "Afc 0 1",
                            "ComPort Com3", "FifoRx 32", "FifoTx 24", "SoundChannel 0 2", "SoundChannel 1 1",
                            "SoundCard 3", "RxClock 48000", "Carrier 0 2125", "Start"}));
     EXPECT_EQ(f.CBMode->currentText(), "rtty-U");
@@ -42,7 +46,7 @@ TEST_F(DigitalProv, EverySettingReachesTheEngineInItsOrder) {
     EXPECT_EQ(f.XMMVView->Shown(), XMMVView::Kind::Sync);
     EXPECT_TRUE(f.BtnATC->isChecked());
     EXPECT_FALSE(f.BtnNET->isChecked());
-    EXPECT_FALSE(f.BtnAFC->isChecked());
+    EXPECT_TRUE(f.BtnAFC->isChecked());
 }
 
 TEST_F(DigitalProv, TheListOfModesIsTheEngines) {
@@ -343,4 +347,83 @@ TEST_F(DigitalProv, EverythingHasItsPlaceOnASmallScreen) {
     };
     EXPECT_GE(rader(f.RXWindow), 3);
     EXPECT_GE(rader(f.TXWindow), 3);
+}
+
+// ---- nobody stays on the air ----------------------------------------------------------------------------
+
+TEST_F(DigitalProv, AnotherLogEndsTheTransmission) {
+    frTest& f = StartaRTTY();
+    motor->anrop.clear();
+    filval = {std::nullopt};
+    f.Meny("mnuArkiv_ÖppnaTestlogg")->trigger();
+    EXPECT_EQ(motor->anrop, QStringList{"Transmit 0"}) << "before the dialog";
+    f.Meny("mnuArkiv_StängTestlogg")->trigger();
+    EXPECT_FALSE(motor->igång) << "without a log nobody is on the air";
+}
+
+TEST_F(DigitalProv, AFailureThatEndsTheProgramLetsGoOfTheRadioFirst) {
+    StartaRTTY();
+    EXPECT_THROW(platform::EndByFailure("det gick inte"), ProcessSlut);
+    EXPECT_FALSE(motor->igång);
+}
+
+TEST_F(DigitalProv, SavedSettingsDoNotStartTheEngineBehindAnotherContestsLog) {
+    StartaLogg(1);
+    delat.AktuelltTest = 6; // chosen, and the dialog for the new log cancelled
+    SparaIFönstret([](frInstDigi& inst) { inst.chkNET->click(); });
+    ASSERT_NE(motor, nullptr);
+    EXPECT_FALSE(motor->igång);
+}
+
+// ---- the operator's hands are on the form -----------------------------------------------------------------
+
+TEST_F(DigitalProv, TheWheelOverAListChangesNothing) {
+    frTest& f = StartaRTTY();
+    motor->anrop.clear();
+    for (QComboBox* lista : {f.CBMode, f.CBSpeed, f.CBRX}) {
+        const QPointF mitt(lista->rect().center());
+        QWheelEvent hjul(mitt, lista->mapToGlobal(mitt), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QApplication::sendEvent(lista, &hjul);
+    }
+    EXPECT_EQ(motor->anrop, QStringList());
+}
+
+TEST_F(DigitalProv, AfterAChoiceTheNextCallGoesToTheForm) {
+    frTest& f = StartaRTTY();
+    f.CBMode->setFocus();
+    Skriv("r");
+    EXPECT_EQ(motor->vald, "rtty-L");
+    EXPECT_TRUE(HarFokus(f.txtSignal));
+}
+
+TEST_F(DigitalProv, EnterPressesTheButtonThatHasTheFocus) {
+    frTest& f = StartaRTTY();
+    SkrivI(f.txtSignal, "SM5XYZ");
+    motor->anrop.clear();
+    f.BtnTX->setFocus();
+    Tryck(Qt::Key_Return);
+    EXPECT_EQ(motor->anrop, QStringList{"Transmit 1"});
+    EXPECT_EQ(f.txtSignal->text(), "SM5XYZ") << "nothing was saved";
+}
+
+TEST_F(DigitalProv, WhatIsTakenBackOfTheSentTextCostsNothingOfTheNext) {
+    frTest& f = StartaRTTY();
+    f.TXWindow->setPlainText("CQ CQ");
+    for (int i = 0; i < 5; ++i) motor->events.transmitRequest();
+    f.TXWindow->setPlainText("CQ");
+    f.TXWindow->moveCursor(QTextCursor::End);
+    f.TXWindow->insertPlainText("DE");
+    for (int i = 0; i < 5; ++i) motor->events.transmitRequest();
+    EXPECT_EQ(motor->sänt, "CQ CQDE");
+}
+
+TEST_F(DigitalProv, AReceivedLineWithoutAnEndIsBrokenAtABlank) {
+    frTest& f = StartaRTTY();
+    for (int i = 0; i < 1000; ++i)
+        for (const QChar tecken : QString("CQ ")) motor->events.received(0, tecken);
+    EXPECT_GT(f.RXWindow->blockCount(), 5);
+    for (QTextBlock rad = f.RXWindow->document()->begin(); rad.isValid(); rad = rad.next())
+        EXPECT_LT(rad.length(), 410);
+    EXPECT_EQ(f.RXWindow->toPlainText().simplified().count("CQ"), 1000);
 }

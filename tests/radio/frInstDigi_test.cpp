@@ -37,7 +37,7 @@ protected:
     static Digitalval Egna() {
         Digitalval val;
         val.DigiBandbredd = "3K";
-        val.DigiUOS = val.DigiATC = 1;
+        val.DigiUOS = val.DigiHPF = val.DigiATC = 1;
         val.DigiComport = "Com3";
         val.DigiFlöde = "DTR";
         val.DigiTrafik = "rtty-L";
@@ -254,7 +254,7 @@ TEST_F(InstDigiProv, SaveStoresEveryValueOfTheWindowAndCloses) {
                                       {inst.cmbTXKlocka, val.DigiTXKlocka}})
         lista->Row(lista->findText(text));
     for (QAbstractButton* knapp : std::initializer_list<QAbstractButton*>{
-             inst.chkUOS, inst.chkATC, inst.optKanal[2], inst.optKanal[4], inst.optPrio[1]})
+             inst.chkUOS, inst.chkHPT, inst.chkATC, inst.optKanal[2], inst.optKanal[4], inst.optPrio[1]})
         knapp->click();
     SkrivI(inst.txtEffekt, "100 W, PEP");
     SkrivI(inst.txtUDP, "2333");
