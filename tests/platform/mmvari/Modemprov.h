@@ -35,8 +35,8 @@ protected:
             ++pictures;
             picture = spectrum;
         };
-        e.level = [this](double level) { levels << level; };
-        e.transmitState = [this](int state) { states << state; };
+        e.level = [this](double level) { levels.push_back(level); };
+        e.transmitState = [this](int state) { states.push_back(state); };
         e.transmitRequest = [this] {
             ++requests;
             if (text.isEmpty()) return;
@@ -115,8 +115,8 @@ protected:
     QString text; ///< that the listener gives away, a character a request
     int requests = 0, pictures = 0;
     platform::MmvSpectrum picture;
-    QList<double> levels;
-    QList<int> states;
+    std::vector<double> levels;
+    std::vector<int> states;
     QString heardA, heardB;
     QStringList changes, statuses;
     std::unique_ptr<platform::SoftModem> modem;

@@ -79,7 +79,7 @@ TEST_F(SendTest, StopAndTheEndOfTheEngineLiftTheKey) {
     modem->Stop();
     EXPECT_FALSE(line.down);
     EXPECT_EQ(line.open + card.inputs + card.outputs, 0);
-    EXPECT_EQ(states, (QList<int>{Wait, Transmit, Receive}));
+    EXPECT_EQ(states, (std::vector<int>{Wait, Transmit, Receive}));
     modem->Start();
     modem->Transmit(true);
     ASSERT_TRUE(RunTo(Transmit));
@@ -87,13 +87,13 @@ TEST_F(SendTest, StopAndTheEndOfTheEngineLiftTheKey) {
     modem.reset();
     EXPECT_FALSE(line.down);
     EXPECT_EQ(line.open + card.inputs + card.outputs, 0);
-    EXPECT_EQ(states, QList<int>()) << "nobody is told any more";
+    EXPECT_EQ(states, std::vector<int>()) << "nobody is told any more";
 }
 
 TEST_F(SendTest, BeforeTheStartNothingIsKeyed) {
     modem->Transmit(true);
     modem->EndTransmit();
-    EXPECT_EQ(states, QList<int>());
+    EXPECT_EQ(states, std::vector<int>());
     EXPECT_EQ(modem->State(), Receive);
 }
 

@@ -20,7 +20,7 @@ TEST_F(SendTest, KeysWaitsSendsAndComesBack) {
     modem->EndTransmit();
     EXPECT_EQ(modem->State(), ToReceive);
     ASSERT_TRUE(RunTo(Receive));
-    EXPECT_EQ(states, (QList<int>{Wait, Transmit, ToReceive, Receive}));
+    EXPECT_EQ(states, (std::vector<int>{Wait, Transmit, ToReceive, Receive}));
     EXPECT_FALSE(line.down);
     EXPECT_EQ(card.outputs, 0);
     EXPECT_EQ(Sent(), "CQ DE SM5ABC");
@@ -78,7 +78,7 @@ TEST_F(SendTest, AsksForOneCharacterAtATimeAsLateAsCanBe) {
 TEST_F(SendTest, EndDuringTheWaitLetsTheTextGoOutAllTheSame) {
     StartQuick();
     Send("QSL TU");
-    EXPECT_EQ(states, (QList<int>{Wait, ToReceive, Receive}));
+    EXPECT_EQ(states, (std::vector<int>{Wait, ToReceive, Receive}));
     EXPECT_EQ(Sent(), "QSL TU");
 }
 
@@ -88,7 +88,7 @@ TEST_F(SendTest, TransmitDuringTheWaitTakesTheEndBack) {
     modem->EndTransmit();
     modem->Transmit(true);
     ASSERT_TRUE(RunTo(Transmit));
-    EXPECT_EQ(states, (QList<int>{Wait, Transmit}));
+    EXPECT_EQ(states, (std::vector<int>{Wait, Transmit}));
 }
 
 TEST_F(SendTest, CharactersMayComeUnasked) {
@@ -136,10 +136,10 @@ TEST_F(SendTest, OffDuringTheWaitAndTheEndingStopsToo) {
     modem->EndTransmit();
     ASSERT_TRUE(Run([&] { return text.isEmpty() && card.played > 4000; }));
     modem->Transmit(false);
-    EXPECT_EQ(states, (QList<int>{Wait, Receive, Wait, ToReceive, Receive}));
+    EXPECT_EQ(states, (std::vector<int>{Wait, Receive, Wait, ToReceive, Receive}));
     modem->Transmit(false);
     modem->EndTransmit();
-    EXPECT_EQ(states.size(), 5) << "already there";
+    EXPECT_EQ(states.size(), 5U) << "already there";
     EXPECT_EQ(modem->State(), Receive);
 }
 
@@ -156,7 +156,7 @@ TEST_F(SendTest, TransmitAgainWhileTheTextRunsOutGoesOn) {
     EXPECT_EQ(modem->State(), Transmit);
     modem->EndTransmit();
     ASSERT_TRUE(RunTo(Receive));
-    EXPECT_EQ(states, (QList<int>{Wait, ToReceive, Transmit, ToReceive, Receive}));
+    EXPECT_EQ(states, (std::vector<int>{Wait, ToReceive, Transmit, ToReceive, Receive}));
     EXPECT_EQ(Sent(), "FIRST TEXT SECOND");
 }
 
@@ -178,7 +178,7 @@ TEST_F(SendTest, TransmitDuringTheEndingGoesOnBehindIt) {
         text = "SECOND";
         modem->EndTransmit();
         ASSERT_TRUE(RunTo(Receive)) << into;
-        EXPECT_EQ(states, (QList<int>{Wait, ToReceive, Transmit, ToReceive, Receive})) << into;
+        EXPECT_EQ(states, (std::vector<int>{Wait, ToReceive, Transmit, ToReceive, Receive})) << into;
         const std::string sent = Sent({.mode = Mode::RttyL, .baud = 75, .carrier = 1500});
         EXPECT_NE(sent.find("FIRST"), std::string::npos) << into << ": " << sent;
         EXPECT_NE(sent.find("BOTH SECOND"), std::string::npos) << into << ": " << sent;
@@ -304,7 +304,7 @@ TEST_F(SendTest, AListenerMayBeginAnewFromWhateverItIsTold) {
     };
     modem->Transmit(true);
     ASSERT_TRUE(RunTo(Receive));
-    EXPECT_EQ(states, (QList<int>{Wait, Transmit, Receive, Wait, ToReceive, Receive}));
+    EXPECT_EQ(states, (std::vector<int>{Wait, Transmit, Receive, Wait, ToReceive, Receive}));
     EXPECT_EQ(Sent(), "ANEW");
 
     Listen();

@@ -268,8 +268,8 @@ TEST_F(ModemTest, ViewsGetTheirPicturesAtOnePaceHoweverTheSoundComes) {
         levels.clear();
         Hear(sound, {}, piece);
         EXPECT_NEAR(pictures, 84, 2) << piece;
-        EXPECT_EQ(levels.size(), pictures);
-        for (qsizetype i = 1; i < levels.size(); ++i) EXPECT_NEAR(levels[i], 0.5, 0.02) << piece;
+        EXPECT_EQ(std::ssize(levels), pictures);
+        for (std::size_t i = 1; i < levels.size(); ++i) EXPECT_NEAR(levels[i], 0.5, 0.02) << piece;
     }
 }
 
