@@ -140,6 +140,11 @@ public:
     /// Listens for them and starts the program. Without a port or a program there is a message.
     void StartFT8();
     void Winsock1_DataArrival();
+    /// Behind a message or a dialog stands a step that is not done, a save for instance: it would clear the
+    /// form that a contact has just filled, and throw away its file.
+    static bool FT8FårVänta();
+    /// Ends what is under way with another contact, before one with this call takes its place on the form.
+    void LämnaFörraQSO(const QString& signal);
     /// Parks txtData in its file. A failure shows its message.
     void SparaData();
     /// The parked record into the entry form; a field whose tag is missing stays as it is. With no open log,
@@ -182,6 +187,9 @@ public:
 
     // ---- the entry form -------------------------------------------------------------------------------
     void RensaTest();
+    /// What the last call was found to be and to be worth must not stand beside the next one, nor count for
+    /// it.
+    void RensaBedömning();
     void cmdSpara_Click();
     void cmdAvbryt_Click();
     void cmdVisa_Click();

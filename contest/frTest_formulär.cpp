@@ -240,13 +240,21 @@ void frTest::TabbstoppLöpnr(bool på) {
 
 // ---- clearing -----------------------------------------------------------------------------------------
 
-void frTest::RensaTest() {
+void frTest::RensaBedömning() {
     for (QLabel* etikett : {lblKont, lblTid, lblDXCC, lblRiktning, lblAvstånd, lblLand})
         FärgaEtikett(etikett, false);
-    // What the last call was worth must not stand beside the next one.
     for (QLabel* etikett : {lblDXCC, lblLand, lblKont, lblRiktning, lblAvstånd}) etikett->clear();
     landFärgat = false;
     avståndFör.clear();
+    for (QLabel* tecken :
+         {lblNyttLand, lblNyttBand, lblDistrikt, lblMultipel, lblNyRuta, lblDubblett, lblNyIOTA})
+        tecken->hide();
+    for (Fält* fält : {txtDXCCNR, txtPrefix, txtNDXCC, txtNRUTA, txtDubblett}) fält->clear();
+    delat.DubblettFlagga = false;
+    lblQSOPoäng->setText(QStringLiteral("0"));
+}
+
+void frTest::RensaTest() {
     txtDatum->setText(platform::Now().date().toString(QStringLiteral("yyyy-MM-dd")));
     txtSignal->clear();
     // A frequency that was typed or came with a spot gives way to where the radio is.
@@ -257,15 +265,10 @@ void frTest::RensaTest() {
     }
     for (Fält* fält : {txtNamn, txtNotering, txtDiplom, txtITUM, txtZONM, txtLöpnrM}) fält->clear();
     txtLöpnrM->setEnabled(true);
-    for (QLabel* tecken :
-         {lblNyttLand, lblNyttBand, lblDistrikt, lblMultipel, lblNyRuta, lblDubblett, lblNyIOTA})
-        tecken->hide();
-    for (Fält* fält : {txtDXCCNR, txtPrefix, txtNDXCC, txtNRUTA, txtDubblett}) fält->clear();
+    RensaBedömning(); // now, since a field that is emptied may count its points
     frmTQSO->setTitle(QStringLiteral("Tidigare QSO"));
     if (HarLogg()) db().rsTidigare.Filter(store::SignalFilter(QString()));
     delat.RedigeraQSO = false;
-    delat.DubblettFlagga = false;
-    lblQSOPoäng->setText(QStringLiteral("0"));
     Initiera_fgTestData2();
     Initiera_Contest();
     if (!HarLogg()) return;

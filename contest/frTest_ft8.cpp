@@ -9,7 +9,9 @@
 #include "platform/textfile.h"
 #include "reports/FT8Post.h"
 #include "store/Databaser.h"
+#include "store/frEditorTest.h"
 
+#include <QApplication>
 #include <QScopeGuard>
 
 #include <utility>
@@ -18,24 +20,26 @@ namespace {
 
 QString FT8Fil() { return platform::DataPath(QStringLiteral("FT8/TestQSO.ADI")); }
 
+bool ft8MeddelandeUppe = false;
+
 /// Datagrams go on arriving behind a message: of those that would give one each, the operator answers one.
 void FT8Meddelande(const QString& text, const QString& titel) {
-    static bool uppe = false;
-    if (std::exchange(uppe, true)) return;
-    const auto nere = qScopeGuard([] { uppe = false; });
+    if (std::exchange(ft8MeddelandeUppe, true)) return;
+    const auto nere = qScopeGuard([] { ft8MeddelandeUppe = false; });
     platform::MsgBox(text, titel);
 }
 
 struct FT8Läsare {
     std::optional<QString> (*läs)(const QString& text);
     frTest::Fält* frTest::*fält;
+    bool söks = false; ///< the log is searched for it
 };
 
 /// In this order; a tag that cannot be read ends the rest.
 constexpr FT8Läsare ft8Läsare[] = {
-    {reports::LäsFT8Signal, &frTest::txtSignal},  {reports::LäsFT8Frekvens, &frTest::txtFrekvens},
-    {reports::LäsFT8Mottaget, &frTest::txtRSTM},  {reports::LäsFT8Sänt, &frTest::txtRSTS},
-    {reports::LäsFT8Lokator, &frTest::txtDiplom},
+    {reports::LäsFT8Signal, &frTest::txtSignal, true},  {reports::LäsFT8Frekvens, &frTest::txtFrekvens},
+    {reports::LäsFT8Mottaget, &frTest::txtRSTM},        {reports::LäsFT8Sänt, &frTest::txtRSTS},
+    {reports::LäsFT8Lokator, &frTest::txtDiplom, true},
 };
 
 } // namespace
@@ -63,6 +67,17 @@ void frTest::StartFT8() {
     }
 }
 
+bool frTest::FT8FårVänta() { return QApplication::activeModalWidget() && !ft8MeddelandeUppe; }
+
+void frTest::LämnaFörraQSO(const QString& signal) {
+    if (delat.RedigeraQSO) {
+        // Saved as it is now, the new contact would be written over the one that is being corrected.
+        frEditorTest::instans().Rensa();
+        if (!db().rsTESTQSO.IsEOF()) db().rsTESTQSO.MoveLast();
+    }
+    if (signal != txtSignal->text()) RensaBedömning();
+}
+
 void frTest::Winsock1_DataArrival() {
     txtData->setText(Winsock1->GetData());
     SparaData();
@@ -86,10 +101,17 @@ void frTest::ImporteraAdif() {
                 QStringLiteral("Det finns ingen aktiv logg. Du måste skapa en ny eller öppna en "
                                "befintlig logg innan du kan importera en ADIF-fil."),
                 QStringLiteral("ImporteraAdif"));
-        if (!logg.IsEOF()) logg.MoveLast();
+        // A contact that is being corrected stays where it is until another one takes the form.
+        if (!delat.RedigeraQSO && !logg.IsEOF()) logg.MoveLast();
         const QString text = reports::FT8Text(platform::LoadTextFile(FT8Fil()));
-        for (const FT8Läsare& läsare : ft8Läsare)
-            if (const auto värde = läsare.läs(text)) (this->*läsare.fält)->setText(*värde);
+        for (const FT8Läsare& läsare : ft8Läsare) {
+            const auto värde = läsare.läs(text);
+            if (!värde) continue;
+            // No search can hold one, and the next step of the operator would end the program.
+            if (läsare.söks && värde->contains(u'\'')) throw platform::Failure(*värde);
+            if (läsare.fält == &frTest::txtSignal) LämnaFörraQSO(*värde);
+            (this->*läsare.fält)->setText(*värde);
+        }
     } catch (const platform::Failure&) {
         FT8Meddelande(QStringLiteral("Ett fel har inträffat vid importering av ADIF-fil."),
                       QStringLiteral("ImportFT8"));

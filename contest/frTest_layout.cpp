@@ -168,6 +168,7 @@ void frTest::ByggFönster() {
     mscRadio1 = new platform::SerialPort(QStringLiteral("mscRadio1"), this);
     Winsock1 = new platform::UdpSocket(QStringLiteral("Winsock1"), this);
     Winsock1->OnDataArrival([this] { Winsock1_DataArrival(); });
+    Winsock1->HoldWhile(FT8FårVänta);
     ByggStatusrad();
 }
 

@@ -15,6 +15,10 @@ namespace {
 /// So long, in milliseconds, datagrams follow one another before the event loop gets its turn.
 constexpr qint64 kDatagramTurn = 5;
 
+/// So often, in milliseconds, it is asked whether what is held may come: at once for an eye, idle for the
+/// machine.
+constexpr int kHeldTurn = 50;
+
 } // namespace
 
 UdpSocket::UdpSocket(const QString& name, QObject* parent)
@@ -50,6 +54,7 @@ void UdpSocket::HandOn() {
     turn.start();
     while (socket_.state() == QAbstractSocket::BoundState && socket_.hasPendingDatagrams()) {
         if (turn.elapsed() >= kDatagramTurn) return later_.start(0);
+        if (held_ && held_()) return later_.start(kHeldTurn);
         datagram_ = socket_.receiveDatagram().data();
         Call(arrival_);
         if (!self) return;

@@ -11,7 +11,7 @@ namespace platform {
 ///
 /// Each datagram is one call of the listener, in the order in which they came. A listener may close or delete
 /// the socket. One that lets the event loop run, with a message on screen for instance, is called again
-/// meanwhile for what arrives.
+/// meanwhile for what arrives, unless it holds that back.
 class UdpSocket : public QObject {
 public:
     UdpSocket(const QString& name, QObject* parent);
@@ -31,6 +31,9 @@ public:
 
     void OnDataArrival(std::function<void()> arrival) { arrival_ = std::move(arrival); }
 
+    /// While this says true, what arrives waits in the system's buffer; it is asked before each datagram.
+    void HoldWhile(std::function<bool()> held) { held_ = std::move(held); }
+
 private:
     void HandOn();
 
@@ -39,6 +42,7 @@ private:
     int port_ = 0;
     QByteArray datagram_;
     std::function<void()> arrival_;
+    std::function<bool()> held_;
 };
 
 } // namespace platform

@@ -4,6 +4,7 @@
 
 #include "platform/launch.h"
 #include "platform/textfile.h"
+#include "store/frEditorTest.h"
 
 #include <QDir>
 #include <QFile>
@@ -307,13 +308,115 @@ TEST_F(FT8Prov, TheLogStandsOnItsLastRowAfterwards) {
     EXPECT_EQ(db().rsTESTQSO.Field("Signal").text(), "SM6ABC");
 }
 
-TEST_F(FT8Prov, ACallThatNoSearchCanHoldIsNoCrash) {
-    StartaFT8();
+TEST_F(FT8Prov, ACallOrALocatorThatNoSearchCanHoldIsNotTaken) {
+    const frTest& f = StartaFT8();
     FyllFälten();
     Sänd("<call:5>XX9'A <freq:10>144.174500 <eor>");
     EXPECT_EQ(Tag(), importfel);
+    EXPECT_EQ(Fälten(), (QStringList{"XX1OLD", "1", "2", "3", "JO89"}));
+    Sänd("<call:5>XX9AA <rst_sent:3>'10 <gridsquare:4>JO'5 <eor>");
+    EXPECT_EQ(Tag(), importfel);
+    EXPECT_EQ(Fälten(), (QStringList{"XX9AA", "1", "2", "'10", "JO89"})) << "no search is made for a report";
+    f.txtSignal->setFocus();
+    Tryck(Qt::Key_Tab);
+    EXPECT_EQ(slut, std::nullopt);
     Sänd(Record());
     EXPECT_EQ(Fälten(), (QStringList{"XX9AA", "144.174500", "+03", "-10", "JO65MR"}));
+}
+
+// ---- what was under way -------------------------------------------------------------------------------
+
+TEST_F(FT8Prov, ARecordWaitsBehindTheDuplicateWarningThatClearsTheForm) {
+    frTest& f = StartaFT8();
+    Loggad("SM5ABC", "2 M");
+    f.txtData->setText(väntar);
+    NärFönster("frVarning", [&](QWidget* varning) {
+        EXPECT_GT(sändare.writeDatagram(Record("SM7AAA"), QHostAddress::LocalHost, port), 0);
+        EXPECT_GT(sändare.writeDatagram(Record("SM7BBB"), QHostAddress::LocalHost, port), 0);
+        QTest::qWait(200);
+        EXPECT_EQ(f.txtData->text(), väntar);
+        EXPECT_EQ(f.txtSignal->text(), "SM5ABC");
+        static_cast<QDialog*>(varning)->accept();
+    });
+    SkrivI(f.txtSignal, "SM5ABC");
+    Tryck(Qt::Key_Tab);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return f.txtSignal->text() == "SM7BBB"; }));
+    EXPECT_EQ(Fälten(), (QStringList{"SM7BBB", "144.174500", "+03", "-10", "JO65MR"}));
+    EXPECT_EQ(f.txtDubblett->text(), "");
+}
+
+TEST_F(FT8Prov, ARecordWaitsBehindAMessageOfSavingAndKeepsItsFile) {
+    frTest& f = StartaFT8();
+    delat.FT8Läge = true;
+    FyllFälten();
+    f.txtRSTM->clear();
+    f.txtRSTS->clear();
+    platform::Dialogs().message = nullptr; // the real one
+    int sedda = 0;
+    NärFönster("MsgBox", [&](QWidget* ruta) {
+        ++sedda;
+        EXPECT_EQ(ruta->windowTitle(), "SparaQSO");
+        EXPECT_GT(sändare.writeDatagram(Record("SM7AAA"), QHostAddress::LocalHost, port), 0);
+        QTest::qWait(200);
+        static_cast<QDialog*>(ruta)->accept();
+    });
+    f.cmdSpara_Click();
+    EXPECT_EQ(sedda, 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return f.txtSignal->text() == "SM7AAA"; }));
+    EXPECT_EQ(Parkerat(), "\"" + Record("SM7AAA") + "\"\r\n");
+}
+
+TEST_F(FT8Prov, ADuplicateThatStandsOnTheFormDoesNotColourTheNewContact) {
+    frTest& f = StartaFT8(7);
+    Loggad("SM5ABC", "80 M");
+    SvaraVarning(false); // the contact stays
+    SkrivI(f.txtSignal, "SM5ABC");
+    Tryck(Qt::Key_Tab);
+    ASSERT_TRUE(delat.DubblettFlagga);
+    ASSERT_EQ(f.txtDubblett->text(), "D");
+    Sänd(Record("SM7AAA"));
+    f.cmdSpara_Click();
+    EXPECT_EQ(Läs(Logg(), "SELECT Signal, Dubblett FROM TESTQSO WHERE Signal <> 'SM5ABC'"),
+              (std::vector<std::vector<QString>>{{"SM7AAA", ""}}));
+    EXPECT_GT(LäsEtt(Logg(), "SELECT Poäng FROM TESTQSO WHERE Signal = 'SM7AAA'").toInt(), 0);
+}
+
+TEST_F(FT8Prov, TheSameCallAgainStaysTheDuplicateItIs) {
+    frTest& f = StartaFT8(7);
+    Loggad("SM5ABC", "80 M");
+    SvaraVarning(false);
+    SkrivI(f.txtSignal, "SM5ABC");
+    Tryck(Qt::Key_Tab);
+    Sänd(Record("SM5ABC"));
+    EXPECT_EQ(f.txtDubblett->text(), "D");
+    EXPECT_TRUE(delat.DubblettFlagga);
+}
+
+TEST_F(FT8Prov, TheCountryOfTheCallBeforeDoesNotStayWithOneThatHasNone) {
+    frTest& f = StartaFT8();
+    SkrivI(f.txtSignal, "OH2ABC");
+    ASSERT_EQ(f.lblDXCC->text(), "OH");
+    Sänd(Record("QQ0ZZZ"));
+    EXPECT_EQ(f.lblDXCC->text(), "");
+    EXPECT_EQ(f.txtPrefix->text(), "");
+}
+
+TEST_F(FT8Prov, AContactThatIsChosenForCorrectionIsNotWrittenOver) {
+    frTest& f = StartaFT8();
+    Loggad("SM5ABC", "2 M");
+    Loggad("SM6ABC", "2 M");
+    db().rsTESTQSO.MoveFirst();
+    frEditorTest::instans().VisaVald();
+    ASSERT_TRUE(delat.RedigeraQSO);
+    Sänd("hej");
+    EXPECT_TRUE(delat.RedigeraQSO) << "nothing to take its place";
+    EXPECT_EQ(db().rsTESTQSO.Field("Signal").text(), "SM5ABC");
+    Sänd(Record("SM7AAA"));
+    EXPECT_FALSE(delat.RedigeraQSO);
+    EXPECT_EQ(frEditorTest::instans().txtSignal->text(), "") << "and the editor shows it";
+    f.cmdSpara_Click();
+    EXPECT_EQ(Läs(Logg(), "SELECT Signal FROM TESTQSO ORDER BY Signal"),
+              (std::vector<std::vector<QString>>{{"SM5ABC"}, {"SM6ABC"}, {"SM7AAA"}}));
 }
 
 TEST_F(FT8Prov, TheProgramFolderHasThePlaceForTheRecord) {

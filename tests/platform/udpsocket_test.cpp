@@ -147,3 +147,30 @@ TEST_F(UdpProv, OtherComputersAreNotHeard) {
     ASSERT_TRUE(Kommer(1));
     EXPECT_EQ(kom, QStringList("hemma"));
 }
+
+TEST_F(UdpProv, WhatIsHeldComesWholeAndInOrderOnceItMay) {
+    bool hålls = true;
+    socket->HoldWhile([&] { return hålls; });
+    socket->Bind();
+    for (const char* text : {"ett", "två", "tre"}) Sänd(text);
+    QTest::qWait(150);
+    EXPECT_EQ(kom, QStringList());
+    hålls = false;
+    ASSERT_TRUE(Kommer(3));
+    EXPECT_EQ(kom.constFirst(), "ett");
+    EXPECT_EQ(kom.constLast(), "tre");
+}
+
+TEST_F(UdpProv, AClosedSocketDropsWhatWasHeld) {
+    bool hålls = true;
+    socket->HoldWhile([&] { return hålls; });
+    socket->Bind();
+    Sänd("ett");
+    QTest::qWait(100);
+    socket->Close();
+    hålls = false;
+    socket->Bind();
+    Sänd(T("två").toLatin1());
+    ASSERT_TRUE(Kommer(1));
+    EXPECT_EQ(kom, QStringList(T("två")));
+}
