@@ -45,7 +45,8 @@ void frMacroEditor::Bygg() {
     gridKortKom = platform::Named(new platform::FlexGrid(Qt::AlignLeft | Qt::AlignVCenter), "gridKortKom");
     gridKortKom->setAccessibleName(QStringLiteral("Kommandon"));
     gridKortKom->setFocusPolicy(Qt::ClickFocus);
-    lblKnapp = platform::Named(new QLabel, "lblKnapp");
+    // Its longest text, so that the window has its size when it is given its place.
+    lblKnapp = platform::Named(new QLabel(QStringLiteral("Knapp 12")), "lblKnapp");
     txtKnapp = platform::Named(new platform::TextBox, "txtKnapp");
     txtMakro = platform::Named(new platform::TextBox, "txtMakro");
     txtKnapp->setAccessibleName(QStringLiteral("Knapp"));

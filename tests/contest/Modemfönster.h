@@ -81,11 +81,12 @@ public:
     QString vald = "bpsk", sänt;
     int fart = 0, mottagning = 0, läge = 0;
     QMap<int, bool> brytare;
-    QStringList anrop; ///< what it was told
+    QStringList anrop;                 ///< what it was told
+    std::function<QString()> vidAnrop; ///< what to write down beside it
     bool igång = false, trasig = false;
 
 private:
-    void Skriv(const QString& vad) { anrop << vad; }
+    void Skriv(const QString& vad) { anrop << (vidAnrop ? vad + vidAnrop() : vad); }
 
     ProvMotor*& plats_;
 };

@@ -198,6 +198,16 @@ TEST_F(FT8Prov, EmptyReportsAndAnEmptyLocatorEmptyTheirFields) {
     EXPECT_EQ(Fälten(), (QStringList{"XX9AA/P", "144.174500", "", "", ""}));
 }
 
+TEST_F(FT8Prov, ATagInAFieldBeforeItIsTakenForTheFieldAndOneBehindItIsNot) {
+    StartaFT8();
+    FyllFälten();
+    Sänd("<call:5>XX9AA <rst_sent:3>-10 <freq:10>144.174500 <comment:16>TNX <call:2>HEJ  <gridsquare:4>JO89 "
+         "<eor>");
+    EXPECT_EQ(Fälten(), (QStringList{"XX9AA", "144.174500", "2", "-10", "JO89"}));
+    Sänd("<comment:17>TNX <freq:4>50.3! <call:5>XX9BB <freq:10>144.174500 <eor>");
+    EXPECT_EQ(Fälten(), (QStringList{"XX9BB", "50.3", "2", "-10", "JO89"}));
+}
+
 TEST_F(FT8Prov, ALineEndOrAHeaderMakesNoDifference) {
     StartaFT8();
     for (const QByteArray& datagram :

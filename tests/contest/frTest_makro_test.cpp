@@ -3,10 +3,12 @@
 #include "support/ToPrint.h"
 
 #include "platform/textfile.h"
+#include "platform/windows.h"
 #include "radio/frMacroEditor.h"
 
 #include <QDir>
 #include <QFile>
+#include <QScreen>
 
 namespace {
 
@@ -419,4 +421,32 @@ TEST_F(MakroProv, ClearingAndClosingWithoutASaveLeaveTheMacroAlone) {
     });
     EXPECT_EQ(Rubriker().join('|'), Numrerade("K", 12));
     Redigera(1, [](const frMacroEditor& editor) { EXPECT_EQ(editor.txtMakro->text(), "TEXT 1"); });
+}
+
+TEST_F(MakroProv, TheEditorStandsInItsPlaceOnTheScreen) {
+    StartaRTTY();
+    Redigera(1, [](const frMacroEditor& editor) {
+        const QRect skärm = editor.screen()->availableGeometry();
+        EXPECT_EQ(editor.x(), qMin(platform::Twips(2400), skärm.right() - editor.width()));
+        EXPECT_EQ(editor.y(), qMin(platform::Twips(6400), skärm.bottom() - editor.height()));
+        EXPECT_TRUE(skärm.contains({editor.pos(), editor.size()}));
+    });
+}
+
+TEST_F(MakroProv, EnterPressesTheEditorsButtonThatHasTheFocus) {
+    frTest& f = StartaRTTY();
+    f.LäsTestMakroIni(Makrofil(12));
+    const size_t tidigare = filfrågor.size();
+    Redigera(1, [](frMacroEditor& editor) {
+        ASSERT_TRUE(Aktivera(editor));
+        editor.cmdRensa->setFocus();
+        Tryck(Qt::Key_Return);
+        EXPECT_EQ(editor.txtMakro->text(), "");
+        EXPECT_TRUE(editor.isVisible());
+        editor.cmdStäng->setFocus();
+        Tryck(Qt::Key_Return);
+        EXPECT_FALSE(editor.isVisible());
+    });
+    EXPECT_EQ(filfrågor.size(), tidigare) << "nothing was saved";
+    EXPECT_EQ(Knapp(1)->text(), "K1");
 }

@@ -83,9 +83,11 @@ TEST_F(DigitalProv, AMacroDuringATransmitJoinsTheEnd) {
 TEST_F(DigitalProv, AMacroStartsAndEndsBeforeItsTextIsPlaced) {
     frTest& f = StartaRTTY();
     motor->anrop.clear();
+    motor->vidAnrop = [&] { return " bredvid \"" + f.TXWindow->toPlainText() + '"'; };
     delat.MakroTabell[0] = {"CQ", "%rxCQ%tx"};
     QTest::mouseClick(f.cmdMacro[1], Qt::LeftButton);
-    EXPECT_EQ(motor->anrop, (QStringList{"Transmit 1", "EndTransmit"})) << "whatever their order in it";
+    EXPECT_EQ(motor->anrop, (QStringList{"Transmit 1 bredvid \"\"", "EndTransmit bredvid \"\""}))
+        << "whatever their order in it";
     EXPECT_EQ(f.TXWindow->toPlainText(), "CQ");
 }
 
@@ -113,13 +115,34 @@ TEST_F(DigitalProv, ALineEndIsCarriageReturnAndLineFeed) {
     EXPECT_EQ(motor->sänt, "A\r\nB\r\n");
 }
 
-TEST_F(DigitalProv, EnterInATextWindowSavesNoContact) {
+TEST_F(DigitalProv, EnterIsALineEndWhereTheOperatorWritesAndSavesTheContactWhereHeReads) {
     frTest& f = StartaRTTY();
     SkrivI(f.txtSignal, "SM5ABC");
     f.TXWindow->setFocus();
     Tryck(Qt::Key_Return);
     EXPECT_EQ(f.txtSignal->text(), "SM5ABC");
     EXPECT_EQ(db().rsTESTQSO.RecordCount(), 0);
+    f.RXWindow->setFocus();
+    Tryck(Qt::Key_Return);
+    EXPECT_EQ(f.txtSignal->text(), "");
+    EXPECT_EQ(db().rsTESTQSO.RecordCount(), 1);
+    EXPECT_EQ(f.RXWindow->toPlainText(), "");
+}
+
+TEST_F(DigitalProv, EscapeInATextWindowClearsTheContactAndNoText) {
+    frTest& f = StartaRTTY();
+    Mottag("CQ DE SM5ABC");
+    for (QWidget* fönster : {static_cast<QWidget*>(f.TXWindow), static_cast<QWidget*>(f.RXWindow)}) {
+        SkrivI(f.TXWindow, "A");
+        SkrivI(f.txtSignal, "SM5ABC");
+        fönster->setFocus();
+        Tryck(Qt::Key_Escape);
+        EXPECT_EQ(f.txtSignal->text(), "") << fönster->objectName().toStdString();
+        EXPECT_TRUE(HarFokus(f.txtSignal));
+    }
+    EXPECT_EQ(f.TXWindow->toPlainText(), "AA");
+    EXPECT_EQ(f.RXWindow->toPlainText(), "CQ DE SM5ABC");
+    EXPECT_EQ(motor->läge, 0);
 }
 
 // ---- receiving ----------------------------------------------------------------------------------------

@@ -58,6 +58,9 @@ TEST_F(TabbProv, WithTheModemOnScreenTabStillGoesRoundTheForm) {
     EXPECT_TRUE(f.RXWindow->isVisible());
     const QStringList varv = Varv(f);
     EXPECT_EQ(varv.mid(0, 5), (QStringList{"txtSignal", "txtRSTM", "txtDiplom", "cmbTrafik", "cmbBand"}));
+    QStringList knappar{"BtnTX", "BtnRX", "BtnHAM", "BtnAFC", "BtnATC", "BtnNET"};
+    for (int i = 1; i <= 12; ++i) knappar << QString("cmdMacro(%1)").arg(i);
+    EXPECT_EQ(varv.mid(varv.indexOf("txtRSTS") + 1), knappar + QStringList("cmdRensa"));
     EXPECT_FALSE(varv.contains("RXWindow") || varv.contains("TXWindow"));
     QTest::mouseClick(f.TXWindow->viewport(), Qt::LeftButton);
     ASSERT_EQ(QApplication::focusWidget(), f.TXWindow);

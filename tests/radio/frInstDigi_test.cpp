@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QGroupBox>
+#include <QLabel>
 
 namespace {
 
@@ -176,6 +177,22 @@ TEST_F(InstDigiProv, TheListsHoldTheirChoices) {
     EXPECT_EQ(Poster(*inst.cmbRXKlocka), (QStringList{"6000", "8000", "11025", "11100", "12000", "18000",
                                                       "22050", "24000", "44100", "48000", "50000"}));
     EXPECT_EQ(Poster(*inst.cmbTXKlocka), (QStringList{"0.00", "74.50", "-74.50"}));
+}
+
+TEST_F(InstDigiProv, EveryListAndFieldHasItsCaptionBesideIt) {
+    Starta();
+    QStringList rader;
+    for (const QLabel* rubrik : frInstDigi::instans().findChildren<QLabel*>())
+        if (rubrik->buddy()) {
+            rader << rubrik->text() + ": " + rubrik->buddy()->objectName();
+            EXPECT_EQ(rubrik->buddy()->accessibleName(), rubrik->text());
+        }
+    rader.sort();
+    EXPECT_EQ(rader,
+              (QStringList{"Bandbredd: cmbBandbredd", "Com Port: cmbComport", "Display: cmbDisplay",
+                           "Effekt: txtEffekt", "FIFO RX: cmbFIFORX", "FIFO TX: cmbFIFOTX",
+                           T("Flöde: cmbFlöde"), "Ljudkort ID: cmbID", "RX Klocka: cmbRXKlocka",
+                           "TX Offset: cmbTXKlocka", T("Trafiksätt: cmbTrafik"), "UDP Port (FT8): txtUDP"}));
 }
 
 TEST_F(InstDigiProv, TheChannelsAndThePriorityCarryTheirCaptions) {
