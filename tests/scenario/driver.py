@@ -24,8 +24,9 @@ class Screen:
         # Two servers that look for a free number at the same moment can take the same one.
         with open(Path(tempfile.gettempdir()) / f"sorvik-xvfb-{os.getuid()}.lock", "w") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX)
+            # Without -noreset a server begins anew when its only guest leaves, and throws out who just comes in.
             self.server = subprocess.Popen(
-                ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
+                ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset"],
                 pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             os.close(write)
             with os.fdopen(read) as pipe:
@@ -34,8 +35,12 @@ class Screen:
         self.manager = subprocess.Popen(["openbox"], env=self.env, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)
         # A window that comes before its manager is never made the active one.
-        wait_for("the window manager", lambda: subprocess.run(
-            ["xdotool", "get_num_desktops"], env=self.env, capture_output=True).returncode == 0, 60)
+        try:
+            wait_for("the window manager", lambda: subprocess.run(
+                ["xdotool", "get_num_desktops"], env=self.env, capture_output=True).returncode == 0, 60)
+        except AssertionError:
+            self.close()
+            raise
 
     def close(self):
         for process in (self.manager, self.server):
@@ -55,12 +60,14 @@ def wait_for(what, condition, seconds=20):
 
 
 class Sorvik:
-    def __init__(self, folder, screen, out, probe=None):
+    def __init__(self, folder, screen, out, probe=None, environment=None):
         self.folder, self.screen, self.out = Path(folder), screen, Path(out)
         self.out.mkdir(parents=True, exist_ok=True)
         self.probe = Path(tempfile.mkdtemp()) if probe else None
         env = dict(screen.env, QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8", XDG_RUNTIME_DIR=str(self.out))
         env.pop("WAYLAND_DISPLAY", None)
+        env["PULSE_SERVER"] = "unix:/dev/null"  # a machine's own sound card is none of a scenario's business
+        env.update(environment or {})
         if probe:
             env.update(LD_PRELOAD=str(probe), SORVIK_PROBE=str(self.probe))
         self.log = open(self.out / "program.log", "w")
@@ -77,6 +84,10 @@ class Sorvik:
 
     def key(self, *keys):
         self.xdotool("key", "--delay", "4", *keys)
+
+    def press(self, x, y, button=1):
+        """A mouse button on a place of the active window."""
+        self.xdotool("getactivewindow", "mousemove", "--window", "%1", str(x), str(y), "click", str(button))
 
     def window(self, title, seconds=20):
         """Waits for a window whose title holds the text, and for it to be the active one."""
@@ -116,19 +127,35 @@ class Sorvik:
         subprocess.run(["import", "-window", "root", str(self.out / (name + ".png"))], env=self.screen.env)
 
     def controls(self):
-        """{(window, control): (visible, enabled, focus, text)} by way of the probe."""
+        """{(window, control): (visible, enabled, focus, text, place)} by way of the probe; the place on the screen
+        is (left, top, width, height)."""
         answer = self.probe / "answer"
         (self.probe / "ask").touch()
         wait_for("the probe", answer.exists)
         found = {}
-        for line in answer.read_text(encoding="utf-8").splitlines():
-            window, name, visible, enabled, focus, text = line.split("\t", 5)
-            found[window, name] = (visible == "visible", enabled == "on", focus == "focus", text)
+        for line in answer.read_text(encoding="utf-8").rstrip("\n").split("\n"):
+            window, name, visible, enabled, focus, place, text = line.split("\t", 6)
+            found[window, name] = (visible == "visible", enabled == "on", focus == "focus", text,
+                                   tuple(map(int, place.split())))
         answer.unlink()
         return found
 
     def text(self, control, window="frTest"):
         return self.controls()[window, control][3]
+
+    def shows(self, control, text, window="frTest", seconds=20):
+        """Waits for a control to show a text. Without the probe nobody can tell."""
+        if not self.probe:
+            return
+        found = []
+
+        def right():
+            found.append(self.controls().get((window, control), (0, 0, 0, None))[3])
+            return found[-1] == text
+        try:
+            wait_for(control, right, seconds)
+        except AssertionError:
+            raise AssertionError(f"{control} shows {found[-1]!r}, expected {text!r}") from None
 
     def focused(self, control, window="frTest"):
         return self.controls().get((window, control), (0, 0, False, ""))[2]
@@ -149,6 +176,13 @@ class Sorvik:
         self.dismiss_date_message()
         self.picture("frTestInst")
         self.key("Escape")
+        self.window("TestSignal:")
+
+    def accept_message(self, title, text):
+        self.window(title)
+        self.shows("qt_msgbox_label", text, "MsgBox")
+        self.key("Return")
+        wait_for("the message to go", lambda: not self.has_window(f"^{title}$"))
         self.window("TestSignal:")
 
     def dismiss_date_message(self):
@@ -205,15 +239,21 @@ def rows(file, question):
         connection.close()
 
 
+def expect(what, found, right):
+    if found != right:
+        raise AssertionError(f"{what}: {found!r}, expected {right!r}")
+
+
 def contacts(log):
     return rows(log, "SELECT count(*) FROM TESTQSO")[0][0]
 
 
-def perform(prepare, play):
+def perform(prepare, play, environment=None):
     """The frame of a scenario that is a script of its own: reads the command line, starts the program on a screen,
     ends it, and leaves a picture of where it failed. Gives the process's status.
 
-    prepare(folder) gets the program folder before the program starts; play(program, probe) says what was seen."""
+    prepare(folder) gets the program folder before the program starts; play(program, probe) says what was seen;
+    environment holds variables for the program."""
     parser = argparse.ArgumentParser()
     parser.add_argument("--program", required=True, type=Path)
     parser.add_argument("--out", required=True, type=Path)
@@ -223,7 +263,7 @@ def perform(prepare, play):
     screen, program, status = Screen(arguments.size), None, 1
     try:
         prepare(arguments.program)
-        program = Sorvik(arguments.program, screen, arguments.out, arguments.probe)
+        program = Sorvik(arguments.program, screen, arguments.out, arguments.probe, environment)
         result = play(program, arguments.probe)
         ended = program.exit()
         if ended != 0:

@@ -14,7 +14,7 @@ import sys
 import threading
 import time
 
-from driver import perform, rows, wait_for
+from driver import expect, perform, rows, wait_for
 
 OWN_CALL = "sk7mw"
 WELCOME = (b"\xff\xfb\x01Running on XX9ZZ-1\r\n\r\nlogin: ")
@@ -109,11 +109,6 @@ def double_click(program, title, x, y):
 def stored(program):
     return rows(program.folder / "Data" / "DXSpott.Dat",
                 'SELECT Signal, Frekvens, "Trafiksätt", DXBand FROM DXSpottLogg ORDER BY rowid')
-
-
-def expect(what, found, right):
-    if found != right:
-        raise AssertionError(f"{what}: {found!r}, expected {right!r}")
 
 
 def expect_form(program, probe, call, frequency, band):

@@ -1,7 +1,8 @@
 // Loaded into the unchanged program by LD_PRELOAD: tells a scenario what the controls show.
 //
 // When the file "ask" appears in the folder that SORVIK_PROBE names, every named control is written to the
-// file "answer", a line each: window, name, "visible" or "hidden", "on" or "off", "focus" or "-", text.
+// file "answer", a line each: window, name, "visible" or "hidden", "on" or "off", "focus" or "-", place on the
+// screen as "left top width height", text.
 
 #include <QtWidgets>
 
@@ -23,10 +24,14 @@ QString TextOf(const QWidget* widget) {
 
 void WriteWidget(QTextStream& out, const QString& window, const QWidget* widget) {
     QString text = TextOf(widget);
-    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    // Whatever a field holds, it takes one line.
+    for (QChar& character : text)
+        if (!character.isPrint()) character = QLatin1Char(' ');
+    const QPoint place = widget->mapToGlobal(QPoint());
     out << window << '\t' << widget->objectName() << '\t' << (widget->isVisible() ? "visible" : "hidden")
         << '\t' << (widget->isEnabled() ? "on" : "off") << '\t' << (widget->hasFocus() ? "focus" : "-")
-        << '\t' << text << '\n';
+        << '\t' << place.x() << ' ' << place.y() << ' ' << widget->width() << ' ' << widget->height() << '\t'
+        << text << '\n';
 }
 
 void Answer(const QDir& folder) {

@@ -57,11 +57,6 @@ def radio_menu(program, entry):
     program.key("alt+o", *["Down"] * entry, "Return")
 
 
-def expect_text(program, probe, control, window, text):
-    if probe:
-        wait_for(f"{control} to read {text}", lambda: program.text(control, window) == text)
-
-
 def to_form(program):
     """From the radio's window, whichever of the two has the keys."""
     if "Radio" in program.xdotool("getactivewindow", "getwindowname").stdout:
@@ -100,11 +95,11 @@ def play(program, probe, radio):
     time.sleep(0.3)
     program.key("Return")
     program.window("Radio (OmniRig)")
-    expect_text(program, probe, "Label8", "frOmni", "On-line")
+    program.shows("Label8", "On-line", "frOmni")
     radio.say("M CW 500")
     radio.say("F 14025000")
-    expect_text(program, probe, "txtFrekvens", "frTest", "14,025,00")
-    expect_text(program, probe, "lblTrafiksätt", "frOmni", "CW_U")
+    program.shows("txtFrekvens", "14,025,00")
+    program.shows("lblTrafiksätt", "CW_U", "frOmni")
     to_form(program)
     program.picture("frTest_radio")
 
@@ -112,20 +107,20 @@ def play(program, probe, radio):
     program.type("7,022,50")
     program.key("shift+Tab", "shift+Tab", "Down")  # the next band
     wait_for("the radio to be tuned", lambda: radio.frequency() == 7022500)
-    expect_text(program, probe, "Label3", "frOmni", "7,022,50")
+    program.shows("Label3", "7,022,50", "frOmni")
 
     program.key("Escape")
     radio.kill()
-    expect_text(program, probe, "Label8", "frOmni", "Rig is not responding")
+    program.shows("Label8", "Rig is not responding", "frOmni")
     program.picture("frOmni_tyst")
     radio.start()
-    expect_text(program, probe, "Label8", "frOmni", "On-line")
-    expect_text(program, probe, "txtFrekvens", "frTest", "145,000,00")
+    program.shows("Label8", "On-line", "frOmni")
+    program.shows("txtFrekvens", "145,000,00")
 
     program.type("sm7abc")
     program.key("Escape")
     radio_menu(program, 1)
-    expect_text(program, probe, "SBarTest(2)", "frTest", "Radio")
+    program.shows("SBarTest(2)", "Radio")
     program.picture("frTest_radio_av")
     return "radio: 0 differences"
 

@@ -7,7 +7,7 @@ mkdir -p "$2"
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cp -r "$1" "$folder/Sorvik"
-python3 "$(dirname "$0")/play.py" --program "$folder/Sorvik" --out "$2"
-python3 "$(dirname "$0")/kluster.py" --program "$folder/Sorvik" --out "$2"
-python3 "$(dirname "$0")/radio.py" --program "$folder/Sorvik" --out "$2"
+for script in play kluster radio digital ft8; do
+  python3 "$(dirname "$0")/$script.py" --program "$folder/Sorvik" --out "$2"
+done
 echo "pictures and logs as text: $2"
