@@ -1,8 +1,8 @@
 // Loaded into the unchanged program by LD_PRELOAD: tells a scenario what the controls show.
 //
 // When the file "ask" appears in the folder that SORVIK_PROBE names, every named control is written to the
-// file "answer", a line each: window, name, "visible" or "hidden", "on" or "off", "focus" or "-", place on the
-// screen as "left top width height", text.
+// file "answer", a line each: window, name, "visible" or "hidden", "on" or "off", "focus" or "-", place on
+// the screen as "left top width height", text.
 
 #include <QtWidgets>
 
