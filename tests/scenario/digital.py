@@ -121,6 +121,7 @@ def answer_and_save(program, log):
     program.type("tnx åke")
     program.shows("TXWindow", text + "tnx åke")
     press(program, "txtDiplom")
+    program.key("ctrl+a")  # a locator heard before may stand there
     program.type("jo89wj")
     program.picture("frTest_sander")
     program.key("Return")
@@ -175,9 +176,9 @@ def edit_macro(program):
 def write_report(program):
     program.open_window(["alt+i", "Return"], "Station / Test Inst.")
     program.window("Station / Test Inst.")
-    program.key(*["Tab"] * 9)
+    program.key(*["Tab"] * 9, "ctrl+a")
     program.type("Åke")
-    program.key("Tab")
+    program.key("Tab", "ctrl+a")
     program.type("Byn 1")
     program.key("Return")
     program.dismiss_date_message()

@@ -139,8 +139,9 @@ def compare_rows(scenario, log, expected):
 
 def compare_edi(scenario, program, contest="_ 144 MHz"):
     """The report in the folder of reports, named after the day and the contest."""
-    reports = list((program.folder / "Data" / "Rapport").glob("SVK*.edi"))
-    if len(reports) != 1 or not re.fullmatch(rf"SVK\d{{6}}_{contest}\.edi", reports[0].name):
+    reports = [file for file in (program.folder / "Data" / "Rapport").iterdir()
+               if re.fullmatch(rf"SVK\d{{6}}_{contest}\.edi", file.name)]
+    if len(reports) != 1:
         return [f"reports {reports}"]
     lines = [re.sub(r"^\d{6};\d{4};", "", line) for line in reports[0].read_bytes().decode("cp1252").split("\r\n")]
     return [f"EDI line {number}: {line!r}, expected {right!r}"
