@@ -23,7 +23,7 @@ constexpr int längstaRad = 400;
 /// Lines of received text that are kept.
 constexpr int minnesrader = 5000;
 /// What has been sent.
-const QColor sändfärg(150, 150, 150);
+const QColor sändfärg(110, 110, 110);
 
 struct Bredd {
     const char* val;
