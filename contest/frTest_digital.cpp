@@ -267,7 +267,9 @@ void frTest::MMVARI_Sändläge(int läge) {
                                                     QStringLiteral("BeRX"), QStringLiteral("Vänta")};
     const auto plats = static_cast<size_t>(läge);
     BtnTX->setText(plats < rubriker.size() ? rubriker[plats] : QStringLiteral("Tone"));
-    if (läge == platform::mmvstate::Receive) TömTXWindow();
+    const bool sänder = läge != platform::mmvstate::Receive;
+    BtnTX->Alert(sänder); // "RX" on it, which is what a press leads to, does not look like being on the air
+    if (!sänder) TömTXWindow();
 }
 
 void frTest::TömTXWindow() {

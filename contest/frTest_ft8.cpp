@@ -9,6 +9,8 @@
 #include "platform/textfile.h"
 #include "reports/FT8Post.h"
 #include "store/Databaser.h"
+#include "store/Lokator.h"
+#include "store/LokatorModul.h"
 #include "store/frEditorTest.h"
 
 #include <QApplication>
@@ -112,6 +114,9 @@ void frTest::ImporteraAdif() {
             if (läsare.fält == &frTest::txtSignal) LämnaFörraQSO(*värde);
             (this->*läsare.fält)->setText(*värde);
         }
+        // The distance of the locator instead of the country's, as if it had been typed. What cannot be
+        // worked out is said when the operator leaves the field, not at each datagram.
+        if (store::RiktningAvstånd(EgenTestLokator(), txtDiplom->text())) txtDiplom_LostFocus();
     } catch (const platform::Failure&) {
         FT8Meddelande(QStringLiteral("Ett fel har inträffat vid importering av ADIF-fil."),
                       QStringLiteral("ImportFT8"));

@@ -11,6 +11,8 @@
 #include <QFormLayout>
 #include <QHeaderView>
 
+#include <utility>
+
 using platform::Twips;
 
 namespace {
@@ -79,6 +81,10 @@ void frMacroEditor::Bygg() {
     auto* plats = new QHBoxLayout(this);
     plats->addLayout(vänster, 1);
     plats->addWidget(gridKortKom);
+    // From the text to what is done with it.
+    for (QWidget* förra = txtMakro;
+         QPushButton * knapp : {cmdSpara, cmdRensa, cmdStäng, cmdKnappfärg, cmdÅter})
+        setTabOrder(std::exchange(förra, knapp), knapp);
 }
 
 void frMacroEditor::Initiera_gridKortKom() {

@@ -10,4 +10,12 @@ XMMVBtn::XMMVBtn(const QString& caption, const char* name, bool stays)
     setFocusPolicy(Qt::TabFocus);
 }
 
+void XMMVBtn::Alert(bool on) {
+    if (!on) return setPalette(QPalette());
+    QPalette colours = palette();
+    colours.setColor(QPalette::Button, QColor(192, 0, 0));
+    colours.setColor(QPalette::ButtonText, Qt::white);
+    setPalette(colours);
+}
+
 } // namespace platform

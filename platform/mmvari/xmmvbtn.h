@@ -10,6 +10,9 @@ class XMMVBtn : public QPushButton {
 public:
     /// @param caption shown as it is @param name objectName @param stays a switch
     XMMVBtn(const QString& caption, const char* name, bool stays = false);
+
+    /// Red while what it stands for must not be overlooked.
+    void Alert(bool on);
 };
 
 } // namespace platform

@@ -205,6 +205,8 @@ TEST_F(DigitalProv, TheTransmitButtonSaysWhatItsStateAllows) {
                                        {0, "TX"}}) {
         motor->events.transmitState(läge);
         EXPECT_EQ(f.BtnTX->text(), T(rubrik)) << läge;
+        const bool röd = f.BtnTX->palette().button().color() != f.BtnRX->palette().button().color();
+        EXPECT_EQ(röd, läge != 0) << läge;
     }
 }
 

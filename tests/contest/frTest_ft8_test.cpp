@@ -182,6 +182,20 @@ TEST_F(FT8Prov, TheContactIsSavedWithTheOrdinaryButtonAndTheParkedRecordGoes) {
     EXPECT_EQ(f.txtSignal->text(), "");
 }
 
+TEST_F(FT8Prov, TheDistanceIsThatOfTheLocatorAtOnce) {
+    frTest& f = StartaFT8();
+    Sänd("<call:6>SM7AAA <eor>");
+    const QString landets = f.lblAvstånd->text();
+    Sänd("<call:6>SM7AAA <gridsquare:4>JO66 <eor>");
+    const QString rutans = f.lblAvstånd->text();
+    EXPECT_NE(rutans, landets);
+    Sänd("<call:6>SM7AAA <gridsquare:4>XX99 <eor>");
+    EXPECT_EQ(f.lblAvstånd->text(), rutans) << "a square that is none is not measured, and nothing is said";
+    f.txtDiplom->setText("JO66");
+    f.txtDiplom_LostFocus();
+    EXPECT_EQ(f.lblAvstånd->text(), rutans) << "as if it had been typed";
+}
+
 TEST_F(FT8Prov, ASecondRecordTakesThePlaceOfTheFirst) {
     StartaFT8();
     Sänd(Record());

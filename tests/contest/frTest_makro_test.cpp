@@ -439,7 +439,11 @@ TEST_F(MakroProv, EnterPressesTheEditorsButtonThatHasTheFocus) {
     const size_t tidigare = filfrågor.size();
     Redigera(1, [](frMacroEditor& editor) {
         ASSERT_TRUE(Aktivera(editor));
-        editor.cmdRensa->setFocus();
+        editor.txtMakro->setFocus();
+        for (const char* namn : {"cmdSpara", "cmdRensa"}) {
+            Tryck(Qt::Key_Tab);
+            EXPECT_EQ(QApplication::focusWidget()->objectName(), namn);
+        }
         Tryck(Qt::Key_Return);
         EXPECT_EQ(editor.txtMakro->text(), "");
         EXPECT_TRUE(editor.isVisible());
