@@ -13,20 +13,18 @@ public:
         if (port_.isOpen()) Set(false);
     }
 
+    /// What the radio sends is not read: nobody would take it away again.
     bool Open(const QString& device) {
         port_.setPortName(device);
-        // A port comes up with both lines on: the radio must not be keyed by that.
-        if (!port_.open(QIODevice::ReadWrite)) return false;
-        Set(false);
-        return true;
+        return port_.open(QIODevice::WriteOnly);
     }
-    void Key(bool down) override { Set(down); }
+    bool Key(bool down) override { return Set(down); }
 
 private:
-    /// A line that the port does not have, such as DTR of a bare cable, is no reason to leave the other.
-    void Set(bool on) {
-        port_.setRequestToSend(on);
-        port_.setDataTerminalReady(on);
+    /// One line that fails is no reason to leave the other.
+    bool Set(bool on) {
+        const bool rts = port_.setRequestToSend(on);
+        return port_.setDataTerminalReady(on) && rts;
     }
 
     QSerialPort port_;
@@ -51,13 +49,20 @@ KeyLineSeam& KeyLines() {
     return seam;
 }
 
-std::unique_ptr<KeyLine> OpenKeyLine(const QString& name) {
-    if (KeyLines().open) return KeyLines().open(name);
-    for (const QString& device : Devices(name)) {
+std::unique_ptr<KeyLine> OpenFirstKeyLine(const QStringList& devices) {
+    std::unique_ptr<KeyLine> deaf;
+    for (const QString& device : devices) {
         auto line = std::make_unique<SerialKeyLine>();
-        if (line->Open(device)) return line;
+        if (!line->Open(device)) continue;
+        // A port comes up with both lines on: the radio must not be keyed by that.
+        if (line->Key(false)) return line;
+        if (!deaf) deaf = std::move(line);
     }
-    return nullptr;
+    return deaf;
+}
+
+std::unique_ptr<KeyLine> OpenKeyLine(const QString& name) {
+    return KeyLines().open ? KeyLines().open(name) : OpenFirstKeyLine(Devices(name));
 }
 
 } // namespace platform

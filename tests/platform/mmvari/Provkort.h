@@ -71,7 +71,7 @@ private:
 
 /// What became of the line that keys the radio.
 struct ProvLine {
-    bool exists = true;
+    bool exists = true, works = true;
     bool down = false;
     int open = 0;
     QStringList opened;
@@ -89,11 +89,12 @@ public:
         Key(false); // as the real one does
         --line_.open;
     }
-    void Key(bool down) final {
-        if (down == line_.down) return;
+    bool Key(bool down) final {
+        if (!line_.works || down == line_.down) return line_.works;
         line_.down = down;
         if (down) line_.keyed.start();
         if (line_.told) line_.told(down);
+        return true;
     }
 
 private:
