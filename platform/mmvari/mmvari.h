@@ -10,13 +10,14 @@
 /// The engine of the digital modes: a modem between the sound card and the windows.
 namespace platform {
 
-/// What the engine hears, for XMMVView.
+/// What the engine hears, or sends, for XMMVView.
 struct MmvSpectrum {
     std::vector<float> line;     ///< dB, 0 for a tone of full scale; the first place is at 0 Hz
     double spacing = 0;          ///< Hz from a place to the next
     std::vector<float> waveform; ///< the newest samples, -1 to 1
     std::vector<float> sync;     ///< what the receiver decided on last, -1 to 1
     std::vector<double> tones;   ///< Hz where the signal is expected: a mark for each
+    bool own = false;            ///< it is what the engine sends, without the noise of the air
 };
 
 /// What the engine asks and tells. Functions that are not set are not called.

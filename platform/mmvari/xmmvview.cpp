@@ -85,7 +85,8 @@ void XMMVView::Place() {
 void XMMVView::Draw(const MmvSpectrum& spectrum) {
     spectrum_ = spectrum;
     Place();
-    if (!spectrum_.line.empty()) {
+    // What is sent has no noise, and the noise that was heard comes back behind it.
+    if (!spectrum_.line.empty() && !spectrum_.own) {
         std::vector<float> sorted = spectrum_.line;
         const auto middle = sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / 2);
         std::nth_element(sorted.begin(), middle, sorted.end());

@@ -126,6 +126,20 @@ TEST_F(ViewTest, TheWaterfallOutlastsItsHeight) {
     for (const int row : {30, 100, 199}) EXPECT_NEAR(Brightest(picture, row), view.PlaceOf(2200), 2) << row;
 }
 
+TEST_F(ViewTest, WhatIsSentLeavesTheNoiseWhereItWas) {
+    view.Bandwidth(500);
+    view.Show(Kind::Waterfall);
+    Draw(Heard({2200}, {2125}), 200);
+    const QImage before = Picture();
+    MmvSpectrum own = Heard({2125}, {2125});
+    for (float& level : own.line) level -= 70;
+    own.own = true;
+    Draw(own, 200);
+    EXPECT_NE(Picture(), before);
+    Draw(Heard({2200}, {2125}), 30);
+    EXPECT_EQ(Picture().copy(0, 25, 500, 10), before.copy(0, 25, 500, 10)) << "nothing has to settle anew";
+}
+
 TEST_F(ViewTest, TheWaveformIsTheSoundsOwnShape) {
     view.Show(Kind::Wave);
     Draw(Heard({}, {}), 1);
