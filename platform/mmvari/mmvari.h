@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -49,6 +50,9 @@ inline constexpr int Uos = 3; ///< RTTY: letters again after a space
 inline constexpr int Hpf = 4; ///< take hum and rumble out of the sound
 } // namespace mmvswitch
 
+/// A number of the settings that cannot be read: no engine can use it, and says so.
+inline constexpr int mmvUnreadable = std::numeric_limits<int>::min();
+
 /// The engine. Channel 0 listens to radio A, channel 1 to radio B; channel 0 transmits. It starts with the
 /// first Start and lets go of sound card and serial port when it is deleted. Events come by the message loop.
 class MmvariX {
@@ -90,13 +94,15 @@ public:
 
     /// The serial line whose RTS and DTR key the radio: "Com1" and up, or "None".
     virtual void ComPort(const QString& name) = 0;
-    /// Depths of the buffers: tenths of a second of sound that waits to be heard, twentieths that wait to go
-    /// out.
+    /// Depths of the buffers, 1 to 64: tenths of a second of sound that waits to be heard, twentieths that
+    /// wait to go out. In the place of a depth, card or clock that cannot be used the usual one is, and the
+    /// status says so.
     virtual void FifoRx(int depth) = 0;
     virtual void FifoTx(int depth) = 0;
     /// @param radio 0 or 1 @param side 0 both mixed, 1 left, 2 right
     virtual void SoundChannel(int radio, int side) = 0;
-    /// @param id -1 for the machine's own choice, from 0 in the order of its list
+    /// @param id -1 for the machine's own choice, from 0 in the order of its list. One that is not there is
+    /// silence: another card would bring to a loudspeaker what is meant for the radio
     virtual void SoundCard(int id) = 0;
     /// @param rate samples a second, 6000 to 50000
     virtual void RxClock(int rate) = 0;

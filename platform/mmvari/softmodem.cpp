@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+#include <limits>
 #include <utility>
 
 namespace platform {
@@ -20,10 +20,6 @@ constexpr int keyLead = 50;
 /// A step of the buffers' depths: incoming sound must wait for as long as the program may be busy with a
 /// large log, outgoing sound is late by what lies in its buffer.
 constexpr double fifoRxSeconds = 0.1, fifoTxSeconds = 0.05;
-/// Milliseconds that a card may take nothing of what is written: longer than any buffer lasts.
-constexpr int stuckAfter = 5000;
-/// Below this nothing is sent or received; hum and the low end of noise are.
-constexpr double humEdge = 200;
 /// Of what the card can do: the radio's own level is set at the card, and a peak must not be cut.
 constexpr float loudness = 0.7F;
 /// Samples of the waveform that are shown.
@@ -55,7 +51,7 @@ std::unique_ptr<MmvariX> CreateMmvari() {
 }
 
 SoftModem::SoftModem() {
-    inWish_.channels = 2;
+    input_.Wish({.channels = 2});
     switches_[mmvswitch::Uos] = true;
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setInterval(turnEvery);
@@ -165,7 +161,7 @@ void SoftModem::Rebuild(Channel& channel) {
 
 void SoftModem::RebuildAll() {
     for (Channel& channel : channels_) Rebuild(channel);
-    if (input_) MakeResamplers();
+    if (input_.IsOpen()) MakeResamplers();
     spectrum_ = std::make_unique<modem::Spectrum>(channels_[0].setup.rate);
 }
 
@@ -173,33 +169,54 @@ void SoftModem::RebuildAll() {
 // ------------------------------------------------------------------------------
 
 void SoftModem::ComPort(const QString& name) {
-    if (name == comPort_) return;
-    comPort_ = name;
-    if (running_) OpenLine();
+    keyer_.Port(name);
+    Say();
+}
+
+/// A number of the settings, or the usual one in the place of one that was mistyped.
+int SoftModem::Usable(Setting setting, int value) {
+    struct Limits {
+        const char* name;
+        int least, most, usual;
+    };
+    static constexpr Limits all[] = {{"FIFO RX", 1, 64, 12},
+                                     {"FIFO TX", 1, 64, 6},
+                                     {"Ljudkort ID", -1, std::numeric_limits<int>::max(), -1},
+                                     {"RX Klocka", 6000, 50000, 11025}};
+    const Limits& limits = all[setting];
+    const bool usable = value >= limits.least && value <= limits.most;
+    unusable_[setting] = usable ? QString()
+                                : QStringLiteral("%1 går inte att använda: %2 gäller")
+                                      .arg(QLatin1String(limits.name))
+                                      .arg(limits.usual);
+    Say();
+    return usable ? value : limits.usual;
 }
 
 void SoftModem::FifoRx(int depth) {
-    const double seconds = std::clamp(depth, 1, 64) * fifoRxSeconds;
-    reopen_ |= inWish_.seconds != seconds;
-    inWish_.seconds = seconds;
+    SoundWish wish = input_.Wish();
+    wish.seconds = Usable(RxDepth, depth) * fifoRxSeconds;
+    input_.Wish(wish);
 }
 
-void SoftModem::FifoTx(int depth) { outWish_.seconds = std::clamp(depth, 1, 64) * fifoTxSeconds; }
+void SoftModem::FifoTx(int depth) { outWish_.seconds = Usable(TxDepth, depth) * fifoTxSeconds; }
 
 void SoftModem::SoundChannel(int radio, int side) {
     if (side >= 0 && side <= 2) At(radio).side = side;
 }
 
 void SoftModem::SoundCard(int id) {
-    reopen_ |= inWish_.id != id;
-    inWish_.id = outWish_.id = id;
+    SoundWish wish = input_.Wish();
+    wish.id = outWish_.id = Usable(Card, id);
+    input_.Wish(wish);
 }
 
 void SoftModem::RxClock(int rate) {
-    const int allowed = std::clamp(rate, 6000, 50000);
-    if (inWish_.rate == allowed) return;
-    reopen_ = true;
-    inWish_.rate = outWish_.rate = allowed;
+    const int allowed = Usable(Clock, rate);
+    SoundWish wish = input_.Wish();
+    if (wish.rate == allowed) return;
+    wish.rate = outWish_.rate = allowed;
+    input_.Wish(wish);
     for (Channel& channel : channels_) channel.setup.rate = allowed;
     RebuildAll();
 }
@@ -207,14 +224,17 @@ void SoftModem::RxClock(int rate) {
 void SoftModem::Start() {
     if (running_) {
         // What was missing may have been plugged in since.
-        reopen_ |= !inTrouble_.isEmpty();
-        if (!lineTrouble_.isEmpty()) OpenLine();
-        return;
+        input_.Retry();
+        keyer_.Open();
+        return Say();
     }
     running_ = true;
-    OpenLine();
-    OpenSound();
+    keyer_.Open();
+    input_.Open();
+    MakeResamplers();
+    checked_.start();
     timer_.start();
+    Say();
 }
 
 /// All is let go of before anybody hears of it: what a listener then does finds the engine at rest.
@@ -223,55 +243,24 @@ void SoftModem::Stop() {
     running_ = false;
     timer_.stop();
     Silence();
-    input_.reset();
-    line_.reset();
-    for (QString* trouble : {&inTrouble_, &outTrouble_, &lineTrouble_}) trouble->clear();
+    input_.Close();
+    keyer_.Close();
+    outTrouble_.clear();
     Say();
     SetState(mmvstate::Receive);
 }
 
-void SoftModem::OpenSound() {
-    reopen_ = false;
-    input_.reset(); // first: a card may be open only once
-    input_ = OpenSoundInput(inWish_);
-    if (!input_)
-        return HearSilence(
-            inWish_.id < 0
-                ? QStringLiteral("Inget ljudkort: modemet hör bara tystnad")
-                : QStringLiteral("Ljudkort %1 finns inte: modemet hör bara tystnad").arg(inWish_.id));
-    inTrouble_.clear();
-    MakeResamplers();
-    Say();
-}
-
-void SoftModem::HearSilence(const QString& trouble) {
-    input_ = SilentInput(inWish_.rate);
-    inTrouble_ = trouble;
-    MakeResamplers();
-    Say();
-}
-
 void SoftModem::MakeResamplers() {
     for (Channel& channel : channels_)
-        channel.resampler = std::make_unique<modem::Resampler>(input_->Rate(), channel.setup.rate);
+        channel.resampler = std::make_unique<modem::Resampler>(input_.Rate(), channel.setup.rate);
 }
 
-void SoftModem::OpenLine() {
-    line_.reset();
-    lineTrouble_.clear();
-    if (!comPort_.isEmpty() && comPort_.compare(QLatin1String("None"), Qt::CaseInsensitive) != 0) {
-        line_ = OpenKeyLine(comPort_);
-        if (!line_)
-            lineTrouble_ = QStringLiteral("Porten %1 kan inte öppnas: radion nycklas inte").arg(comPort_);
-        else if (state_ != mmvstate::Receive)
-            line_->Key(true);
-    }
-    Say();
-}
-
-/// The trouble of the moment, when it is another than before.
+/// The trouble of the moment, when it is another than before. A modem at rest has none.
 void SoftModem::Say() {
-    QStringList troubles{inTrouble_, outTrouble_, lineTrouble_};
+    QStringList troubles;
+    if (running_) troubles << input_.Trouble() << outTrouble_ << keyer_.Trouble();
+    for (const QString& number : unusable_)
+        if (running_) troubles << number;
     troubles.removeAll(QString());
     const QString text = troubles.join(QStringLiteral("; "));
     if (text == said_) return;
@@ -286,7 +275,10 @@ void SoftModem::Turn() {
     // A listener that opens a dialog runs the loop while this turn still stands in the middle of its sound.
     if (!running_ || turning_) return;
     const QScopedValueRollback<bool> turning(turning_, true);
-    if (reopen_) OpenSound();
+    if (checked_.hasExpired(SoundCards().retryEvery)) {
+        checked_.start();
+        keyer_.Check();
+    }
     Listen();
     if (state_ == mmvstate::Wait && keyed_.elapsed() >= keyLead)
         BeginSound();
@@ -296,18 +288,16 @@ void SoftModem::Turn() {
 
 // Whoever is told of something may stop the engine, and with it goes the card.
 void SoftModem::Listen() {
-    if (const QString trouble = input_ ? input_->Trouble() : QString(); !trouble.isEmpty())
-        HearSilence(trouble);
-    if (!input_) return;
-    input_->Read(frames_);
-    for (int number = 0; input_ && number < static_cast<int>(channels_.size()); ++number)
+    if (input_.Read(frames_)) MakeResamplers();
+    Say();
+    for (int number = 0; running_ && number < static_cast<int>(channels_.size()); ++number)
         Hear(At(number), number);
 }
 
 /// The channel's side of the sound, through its receiver.
 void SoftModem::Hear(Channel& channel, int number) {
     mono_.clear();
-    const auto step = static_cast<std::size_t>(input_->Channels());
+    const auto step = static_cast<std::size_t>(input_.Channels());
     for (std::size_t i = 0; i + step <= frames_.size(); i += step) {
         const float left = frames_[i], right = frames_[i + step - 1];
         mono_.push_back(channel.side == 0 ? (left + right) / 2 : channel.side == 1 ? left : right);
@@ -317,7 +307,7 @@ void SoftModem::Hear(Channel& channel, int number) {
     // While it transmits a radio hears itself at best.
     if (state_ != mmvstate::Receive) return;
     if (IsOn(mmvswitch::Hpf)) channel.highPass.Filter(channel.audio, channel.setup.rate);
-    if (number == 0) Watch(channel.audio);
+    if (number == 0) Watch(channel.audio, false);
     channel.text.clear();
     channel.receiver->Receive(channel.audio, channel.text);
     for (const QChar character : FromCp1252(QByteArray::fromStdString(channel.text)))
@@ -325,7 +315,9 @@ void SoftModem::Hear(Channel& channel, int number) {
 }
 
 /// The views' lines come at an even pace, also where sound comes in large pieces.
-void SoftModem::Watch(std::span<const float> audio) {
+/// @param own it is sent, not heard
+void SoftModem::Watch(std::span<const float> audio, bool own) {
+    view_.own = own;
     const auto most = static_cast<std::size_t>(channels_[0].setup.rate / 50);
     for (std::size_t at = 0; running_ && at < audio.size(); at += most) {
         const auto piece = audio.subspan(at, std::min(most, audio.size() - at));
@@ -349,22 +341,6 @@ void SoftModem::Show() {
     if (events.spectrum) events.spectrum(view_);
     if (events.level) events.level(std::min(level_, 1.0));
     level_ = 0;
-}
-
-/// Second-order Butterworth high-pass, bilinear transform.
-void SoftModem::HighPass::Filter(std::span<float> audio, double rate) {
-    const double k = std::tan(std::numbers::pi * humEdge / rate), q = std::numbers::sqrt2 / 2;
-    const double norm = 1 / (1 + k / q + k * k);
-    const double a1 = 2 * (k * k - 1) * norm, a2 = (1 - k / q + k * k) * norm;
-    for (float& sample : audio) {
-        const double x = static_cast<double>(sample);
-        const double y = norm * (x - 2 * x1 + x2) - a1 * y1 - a2 * y2;
-        x2 = x1;
-        x1 = x;
-        y2 = y1;
-        y1 = y;
-        sample = static_cast<float>(y);
-    }
 }
 
 // ---- transmit
@@ -393,9 +369,10 @@ void SoftModem::Transmit(bool on) {
     if (state_ != mmvstate::Receive) return;
     transmitRate_ = channels_[0].setup.rate;
     MakeTransmitter();
-    if (line_) line_->Key(true);
+    keyer_.Key(true);
     keyed_.start();
     SetState(mmvstate::Wait);
+    Say();
 }
 
 void SoftModem::MakeTransmitter() {
@@ -429,6 +406,8 @@ void SoftModem::BeginSound() {
     if (!output_) output_ = SilentOutput(outWish_);
     upsampler_ = std::make_unique<modem::Resampler>(transmitRate_, output_->Rate());
     outgoing_.clear();
+    moving_.start();
+    free_ = output_->Free();
     Say();
     if (output_) SetState(toReceive_ ? mmvstate::ToReceive : mmvstate::Transmit);
     if (output_) Feed();
@@ -436,17 +415,14 @@ void SoftModem::BeginSound() {
 
 /// Keeps the card's buffer full.
 void SoftModem::Feed() {
-    if (output_->Free() != free_) {
-        free_ = output_->Free();
-        moving_.start();
-    }
-    const QString trouble =
-        moving_.elapsed() > stuckAfter ? QStringLiteral("Ljudkortet svarar inte") : output_->Trouble();
+    if (output_->Free() != free_) moving_.start();
+    const QString trouble = moving_.hasExpired(SoundCards().stuckAfter)
+                                ? QStringLiteral("Ljudkortet svarar inte")
+                                : output_->Trouble();
     if (!trouble.isEmpty()) {
         // Nobody hears the rest: the radio must not stay keyed for it.
         outTrouble_ = trouble;
-        EndSound();
-        return Say();
+        return EndSound();
     }
     while (output_ && output_->Free() > 0) {
         if (outgoing_.empty() && !Generate()) break;
@@ -455,7 +431,9 @@ void SoftModem::Feed() {
         output_->Write(std::span(outgoing_).first(part));
         outgoing_.erase(outgoing_.begin(), outgoing_.begin() + static_cast<std::ptrdiff_t>(part));
     }
-    if (output_ && flushed_ && outgoing_.empty() && output_->Drained()) EndSound();
+    if (!output_) return;
+    free_ = output_->Free();
+    if (flushed_ && outgoing_.empty() && output_->Drained()) EndSound();
 }
 
 /// The next hundredth of a second. The next character is asked for when nothing waits: as late as may be, so
@@ -478,7 +456,9 @@ bool SoftModem::Generate() {
     transmitter_->Generate(piece_);
     for (float& sample : piece_) sample *= loudness;
     upsampler_->Process(piece_, outgoing_);
-    return true;
+    // The operator sees his own signal. A clock that was changed meanwhile holds for the next one.
+    if (transmitRate_ == channels_[0].setup.rate) Watch(piece_, true);
+    return output_ != nullptr;
 }
 
 /// Sound first, key last: a radio must not send what is behind the signal, and nothing may be cut off.
@@ -488,12 +468,13 @@ void SoftModem::Silence() {
     outgoing_.clear();
     held_.clear();
     ending_ = again_ = toReceive_ = false;
-    if (line_) line_->Key(false);
+    keyer_.Key(false);
 }
 
 void SoftModem::EndSound() {
     Silence();
     SetState(mmvstate::Receive);
+    Say();
 }
 
 } // namespace platform

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "platform/mmvari/keyline.h"
+#include "platform/mmvari/highpass.h"
+#include "platform/mmvari/keyer.h"
 #include "platform/mmvari/mmvari.h"
 #include "platform/mmvari/modem/modem.h"
 #include "platform/mmvari/modem/resampler.h"
 #include "platform/mmvari/modem/spectrum.h"
-#include "platform/mmvari/soundcard.h"
+#include "platform/mmvari/steadyinput.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -53,11 +54,6 @@ public:
     void Turn();
 
 private:
-    /// A hum filter: what is below speech and signals.
-    struct HighPass {
-        double x1 = 0, x2 = 0, y1 = 0, y2 = 0;
-        void Filter(std::span<float> audio, double rate);
-    };
     /// One receiver, and how it was set.
     struct Channel {
         modem::Setup setup;
@@ -70,19 +66,20 @@ private:
         std::string text{};
     };
 
+    /// The numbers of the settings that are checked.
+    enum Setting { RxDepth, TxDepth, Card, Clock, Settings };
+
     Channel& At(int channel) { return channels_.at(static_cast<std::size_t>(channel)); }
     const Channel& At(int channel) const { return channels_.at(static_cast<std::size_t>(channel)); }
     void Rebuild(Channel& channel);
     void RebuildAll();
-    void OpenSound();
-    void HearSilence(const QString& trouble);
     void MakeResamplers();
-    void OpenLine();
     void Say();
+    int Usable(Setting setting, int value);
 
     void Listen();
     void Hear(Channel& channel, int number);
-    void Watch(std::span<const float> audio);
+    void Watch(std::span<const float> audio, bool own);
     void Show();
     void SetState(int state);
     void MakeTransmitter();
@@ -95,14 +92,15 @@ private:
 
     std::array<Channel, 2> channels_;
     std::array<bool, 5> switches_{};
-    QString comPort_;
-    SoundWish inWish_, outWish_;
+    SoundWish outWish_;
 
-    std::unique_ptr<SoundInput> input_;
+    SteadyInput input_;
     std::unique_ptr<SoundOutput> output_;
-    std::unique_ptr<KeyLine> line_;
-    QString inTrouble_, outTrouble_, lineTrouble_, said_;
-    bool running_ = false, reopen_ = false, turning_ = false;
+    Keyer keyer_;
+    std::array<QString, Settings> unusable_;
+    QString outTrouble_, said_;
+    bool running_ = false, turning_ = false;
+    QElapsedTimer checked_; ///< since the port was looked at
 
     std::unique_ptr<modem::Spectrum> spectrum_;
     std::vector<float> frames_, mono_;
@@ -121,7 +119,7 @@ private:
     std::vector<float> piece_, outgoing_;
     QElapsedTimer keyed_;
     QElapsedTimer moving_; ///< since the card last took something
-    std::size_t free_ = 0; ///< of its buffer at that time
+    std::size_t free_ = 0; ///< of its buffer, when it was last filled
     QTimer timer_;
 };
 

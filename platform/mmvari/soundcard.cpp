@@ -1,5 +1,6 @@
 #include "platform/mmvari/soundcard.h"
 
+#include "platform/mmvari/patience.h"
 #include "platform/mmvari/soundring.h"
 
 #include <QAudioDevice>
@@ -17,6 +18,10 @@ namespace {
 
 /// What comes in stays in the card's own buffer no longer than this: it would only be late.
 constexpr double cardSeconds = 0.02;
+/// Milliseconds without a sample behind which a card is gone: one that was pulled out may end in no error.
+constexpr int deafAfter = 2000;
+
+const QString noAnswer = QStringLiteral("Ljudkortet svarar inte");
 
 std::size_t Samples(double seconds, int rate) { return static_cast<std::size_t>(seconds * rate); }
 
@@ -41,9 +46,7 @@ QAudioFormat Format(const QAudioDevice& device, const SoundWish& wish) {
 
 /// An underrun is a moment's silence, no more.
 QString TroubleOf(QAudio::Error error) {
-    return error == QAudio::NoError || error == QAudio::UnderrunError
-               ? QString()
-               : QStringLiteral("Ljudkortet svarar inte");
+    return error == QAudio::NoError || error == QAudio::UnderrunError ? QString() : noAnswer;
 }
 
 class CardInput final : public SoundInput {
@@ -55,19 +58,26 @@ public:
         source_.setBufferSize(static_cast<qsizetype>(Samples(cardSeconds, format.sampleRate())) *
                               format.bytesPerFrame());
         source_.start(&ring_);
+        clock_.start();
     }
     ~CardInput() override { source_.stop(); }
 
     bool Works() const { return source_.error() == QAudio::NoError; }
     int Rate() const override { return format_.sampleRate(); }
     int Channels() const override { return format_.channelCount(); }
-    void Read(std::vector<float>& frames) override { ring_.Take(frames); }
-    QString Trouble() const override { return TroubleOf(source_.error()); }
+    void Read(std::vector<float>& frames) override {
+        ring_.Take(frames);
+        deaf_ = patience_.Over(clock_.elapsed(), !frames.empty());
+    }
+    QString Trouble() const override { return deaf_ ? noAnswer : TroubleOf(source_.error()); }
 
 private:
     QAudioFormat format_;
     SoundRing ring_;
     QAudioSource source_;
+    QElapsedTimer clock_;
+    Patience patience_{deafAfter};
+    bool deaf_ = false;
 };
 
 class CardOutput final : public SoundOutput {

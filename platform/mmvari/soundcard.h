@@ -43,6 +43,7 @@ struct SoundWish {
     int rate = 11025;   ///< if the card has it, else it takes what it has
     int channels = 1;   ///< wanted
     double seconds = 1; ///< what the buffer holds: sound that waits for the program, or for the card
+    bool operator==(const SoundWish&) const = default;
 };
 
 /// The machine's sound card. @return nothing if there is none that can be opened
@@ -54,10 +55,12 @@ std::unique_ptr<SoundOutput> OpenSoundOutput(const SoundWish& wish);
 std::unique_ptr<SoundInput> SilentInput(int rate);
 std::unique_ptr<SoundOutput> SilentOutput(const SoundWish& wish);
 
-/// What stands in for the card in tests. An unset function opens the real one.
+/// What stands in for the card in tests, which are less patient too. An unset function opens the real one.
 struct SoundCardSeam {
     std::function<std::unique_ptr<SoundInput>(const SoundWish&)> input;
     std::function<std::unique_ptr<SoundOutput>(const SoundWish&)> output;
+    int retryEvery = 2500; ///< milliseconds between attempts to find a card or a port that is gone
+    int stuckAfter = 5000; ///< milliseconds that a card may take nothing: longer than any buffer lasts
 };
 SoundCardSeam& SoundCards();
 

@@ -4,6 +4,13 @@
 using namespace platform;
 using namespace platform::mmvstate;
 
+namespace {
+
+const QString noLines = "Porten Com1 styr inte RTS och DTR: radion nycklas inte";
+const QString noAnswer = "Ljudkortet svarar inte";
+
+} // namespace
+
 // ---- the key ------------------------------------------------------------------------------------------
 
 TEST_F(SendTest, TheKeyIsDownFiftyMillisecondsBeforeTheSoundAndUpRightBehindIt) {
@@ -44,7 +51,68 @@ TEST_F(SendTest, AMissingPortIsSaidAndTheSoundGoesOutAllTheSame) {
     line.exists = true;
     modem->ComPort("Com2");
     EXPECT_EQ(statuses.back(), "");
-    EXPECT_EQ(line.opened, (QStringList{"Com1", "Com2"}));
+    EXPECT_EQ(line.opened, (QStringList{"Com1", "Com1", "Com2"})) << "once for the transmission";
+}
+
+TEST_F(SendTest, APortWhoseLinesCannotBeSetIsSaidAndTheSoundGoesOutAllTheSame) {
+    line.works = false;
+    StartQuick();
+    ASSERT_EQ(statuses, QStringList(noLines));
+    Send("CQ");
+    Send("CQ");
+    EXPECT_EQ(Sent(), "CQ");
+    EXPECT_EQ(statuses.size(), 1) << "it is said once";
+    EXPECT_EQ(line.opened.size(), 3) << "and tried once for each transmission";
+    EXPECT_EQ(line.open, 0) << "nobody else is kept from it";
+    line.works = true;
+    modem->ComPort("Com1");
+    EXPECT_EQ(statuses.back(), "") << "the same name opens it anew";
+    modem->ComPort("Com1");
+    EXPECT_EQ(line.opened.size(), 4) << "but not while it works";
+    modem->Transmit(true);
+    EXPECT_TRUE(line.down);
+}
+
+TEST_F(SendTest, APortThatFailsUnderTheKeyIsOpenAgainAtTheNextTransmission) {
+    StartQuick();
+    line.told = [&](bool down) { line.works = !down; };
+    Send("CQ");
+    EXPECT_EQ(Sent(), "CQ");
+    EXPECT_EQ(statuses, QStringList(noLines));
+    EXPECT_EQ(modem->State(), Receive);
+    line.told = {};
+    line.works = true;
+    line.down = false; // the radio without its cable
+    modem->Transmit(true);
+    EXPECT_TRUE(line.down);
+    EXPECT_EQ(statuses.back(), "");
+    EXPECT_EQ(line.opened, (QStringList{"Com1", "Com1"}));
+}
+
+TEST_F(SendTest, APortThatWasPulledOutAndPutBackKeysAtOnce) {
+    StartQuick();
+    line.told = [&](bool) { line.works = true; };
+    KeyLines().open = [&, open = KeyLines().open](const QString& name) {
+        line.works = true;
+        return open(name);
+    };
+    line.works = false; // what was opened before is dead
+    modem->Transmit(true);
+    EXPECT_TRUE(line.down);
+    EXPECT_EQ(statuses, QStringList());
+}
+
+TEST_F(SendTest, APortThatIsPulledOutIsMissedBeforeTheNextTransmission) {
+    SoundCards().retryEvery = 20;
+    StartQuick();
+    line.works = false;
+    modem->Turn();
+    EXPECT_EQ(statuses, QStringList());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !statuses.isEmpty(); }));
+    EXPECT_EQ(statuses, QStringList(noLines));
+    EXPECT_EQ(line.open, 0);
+    QTest::qWait(100);
+    EXPECT_EQ(line.opened.size(), 1) << "nobody knocks at it while nothing is sent";
 }
 
 TEST_F(SendTest, NonePortIsNone) {
@@ -146,4 +214,59 @@ TEST_F(SendTest, ALateTurnLosesNothing) {
     }
     EXPECT_EQ(modem->State(), Receive);
     EXPECT_EQ(Sent(), "CQ DE SM5ABC");
+}
+
+TEST_F(SendTest, ACardThatTakesNothingLiftsTheKeyAfterAWhile) {
+    EXPECT_GT(SoundCards().stuckAfter, 3200) << "the deepest buffer";
+    StartQuick();
+    Send("");
+    const std::size_t all = card.sent.size();
+    SoundCards().stuckAfter = 60;
+    states.clear();
+    text = "CQ CQ CQ";
+    modem->Transmit(true);
+    ASSERT_TRUE(RunTo(Transmit));
+    QElapsedTimer stands;
+    stands.start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return modem->State() == Receive; }));
+    EXPECT_GE(stands.elapsed(), 55);
+    EXPECT_FALSE(line.down);
+    EXPECT_EQ(card.outputs, 0);
+    EXPECT_EQ(states, (std::vector<int>{Wait, Transmit, Receive}));
+    EXPECT_EQ(statuses, QStringList(noAnswer));
+    // And with all of it written, and nothing more heard.
+    text = "";
+    modem->Transmit(true);
+    modem->EndTransmit();
+    ASSERT_TRUE(Run([&] { return card.sent.size() == all; }));
+    ASSERT_LT(card.played, all);
+    const qsizetype before = statuses.size();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return modem->State() == Receive; }));
+    EXPECT_FALSE(line.down);
+    EXPECT_EQ(statuses.size(), before + 1);
+    EXPECT_EQ(statuses.back(), noAnswer);
+}
+
+TEST_F(SendTest, APauseBetweenTwoTransmissionsIsNoStuckCard) {
+    SoundCards().stuckAfter = 60;
+    StartQuick();
+    Send("E");
+    QTest::qWait(80);
+    Send("CQ");
+    EXPECT_EQ(Sent(), "CQ");
+    EXPECT_EQ(statuses, QStringList());
+}
+
+TEST_F(SendTest, ACardThatTakesAsMuchEachTimeIsNotStuck) {
+    SoundCards().stuckAfter = 40;
+    StartQuick();
+    modem->Transmit(true);
+    ASSERT_TRUE(RunTo(Transmit));
+    for (int i = 0; i < 40; ++i) {
+        QThread::msleep(3);
+        card.Play(0.01);
+        modem->Turn();
+    }
+    EXPECT_EQ(modem->State(), Transmit);
+    EXPECT_EQ(statuses, QStringList());
 }

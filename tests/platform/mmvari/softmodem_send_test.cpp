@@ -211,6 +211,31 @@ TEST_F(SendTest, HearsNothingWhileItSends) {
     EXPECT_EQ(heardA, "OTHERS");
 }
 
+TEST_F(SendTest, TheViewsShowWhatIsSentAtTheirUsualPace) {
+    StartQuick();
+    modem->Transmit(true);
+    ASSERT_TRUE(RunTo(Transmit));
+    pictures = 0;
+    levels.clear();
+    Run([] { return false; }, 2);
+    EXPECT_NEAR(pictures, 42, 4);
+    EXPECT_TRUE(picture.own);
+    const auto peak = std::max_element(picture.line.begin(), picture.line.end());
+    EXPECT_NEAR(static_cast<double>(peak - picture.line.begin()) * picture.spacing, 1500, 130)
+        << "reversals are two tones, half the speed to both sides";
+    EXPECT_NEAR(levels.back(), 0.7, 0.1);
+    modem->Transmit(false);
+    Hear(SendTest::ModemTest::Tone(1000, 1, 0.1));
+    EXPECT_FALSE(picture.own);
+    // A clock that is another than the transmission's would put it in the wrong place.
+    modem->Transmit(true);
+    modem->RxClock(8000);
+    pictures = 0;
+    ASSERT_TRUE(RunTo(Transmit));
+    Run([] { return false; }, 0.5);
+    EXPECT_EQ(pictures, 0);
+}
+
 // ---- NET ----------------------------------------------------------------------------------------------
 
 TEST_F(SendTest, WithNetItSendsWhereItHearsAndWithoutWhereItWasTuned) {
@@ -266,6 +291,16 @@ TEST_F(SendTest, AListenerMayStopTheTransmissionFromWhateverItIsTold) {
     modem->Transmit(true);
     ASSERT_TRUE(RunTo(Receive));
     EXPECT_EQ(card.inputs + card.outputs + line.open, 0);
+
+    for (const bool all : {false, true}) {
+        Listen();
+        modem->events.level = [&, all](double) { all ? modem->Stop() : modem->Transmit(false); };
+        modem->Start();
+        modem->Transmit(true);
+        ASSERT_TRUE(RunTo(Receive)) << all;
+        EXPECT_EQ(card.outputs, 0);
+        EXPECT_FALSE(line.down);
+    }
 
     for (const int state : {Wait, Transmit, ToReceive}) {
         Listen();

@@ -334,15 +334,6 @@ TEST_F(ModemTest, WhatIsChangedWhileItRunsIsTakenOverAndOnlyThat) {
     EXPECT_EQ(card.inputs, 1);
 }
 
-TEST_F(ModemTest, AClockOutsideWhatTheModemCanDoIsTheNearestThatItCan) {
-    modem->RxClock(0);
-    modem->Start();
-    EXPECT_EQ(card.inWishes.back().rate, 6000);
-    modem->RxClock(1'000'000);
-    modem->Turn();
-    EXPECT_EQ(card.inWishes.back().rate, 50000);
-}
-
 TEST_F(ModemTest, WithoutACardItRunsOnSilenceAndSaysSo) {
     card.inputOpens = false;
     modem->Start();
@@ -390,7 +381,7 @@ TEST_F(ModemTest, AnotherStartTriesAgainWhatWasMissing) {
     card.inputOpens = line.exists = true;
     const qsizetype before = card.inWishes.size();
     modem->Turn();
-    EXPECT_EQ(card.inWishes.size(), before) << "not by itself";
+    EXPECT_EQ(card.inWishes.size(), before) << "not at each turn";
     modem->Start();
     modem->Turn();
     EXPECT_EQ(statuses.back(), "");
