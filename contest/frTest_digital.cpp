@@ -53,6 +53,13 @@ QComboBox* NyLista(const char* namn, const QString& beskrivning) {
     return lista;
 }
 
+/// A number of the settings, which a file written by hand may spoil.
+int Inställningstal(const QString& text) {
+    bool ärTal = false;
+    const int tal = text.toInt(&ärTal);
+    return ärTal ? tal : platform::mmvUnreadable;
+}
+
 /// The text between the blanks on both sides of a place: a call keeps its stroke.
 QString OrdVid(const QTextCursor& markör) {
     const QString rad = markör.block().text();
@@ -198,12 +205,12 @@ void frTest::Initiera_MMVari() {
     Initiera_Bandbredd();
     Initiera_BPF();
     mmv.ComPort(val.DigiComport);
-    mmv.FifoRx(val.DigiFIFORX.toInt());
-    mmv.FifoTx(val.DigiFIFOTX.toInt());
+    mmv.FifoRx(Inställningstal(val.DigiFIFORX));
+    mmv.FifoTx(Inställningstal(val.DigiFIFOTX));
     mmv.SoundChannel(0, val.DigiKanalA);
     mmv.SoundChannel(1, val.DigiKanalB - 3);
-    mmv.SoundCard(val.DigiID.toInt());
-    mmv.RxClock(val.DigiRXKlocka.toInt());
+    mmv.SoundCard(Inställningstal(val.DigiID));
+    mmv.RxClock(Inställningstal(val.DigiRXKlocka));
     mmv.Carrier(0, utgångston);
     // Saving the settings in another contest does not take the sound card.
     if (delat.DigitalTest) mmv.Start();

@@ -49,6 +49,19 @@ TEST_F(DigitalProv, EverySettingReachesTheEngineInItsOrder) {
     EXPECT_TRUE(f.BtnAFC->isChecked());
 }
 
+TEST_F(DigitalProv, ANumberThatCannotBeReadIsNoNumberToTheEngine) {
+    radio::Digitalval val;
+    val.DigiFIFORX = "tolv";
+    val.DigiFIFOTX = "";
+    val.DigiID = "x";
+    val.DigiRXKlocka = "11025 Hz";
+    SparaVal(val);
+    StartaRTTY();
+    const QString oläsligt = QString::number(platform::mmvUnreadable);
+    EXPECT_THAT(motor->anrop, ::testing::IsSupersetOf({"FifoRx " + oläsligt, "FifoTx " + oläsligt,
+                                                       "SoundCard " + oläsligt, "RxClock " + oläsligt}));
+}
+
 TEST_F(DigitalProv, TheListOfModesIsTheEngines) {
     const frTest& f = StartaRTTY();
     EXPECT_EQ(Poster(*f.CBMode), (QStringList{"bpsk", "rtty-L", "rtty-U", "mfsk-L", "mfsk-U"}));
