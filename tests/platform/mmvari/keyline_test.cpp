@@ -115,6 +115,13 @@ TEST(KeyLineTest, RtsAndDtrAreOffUntilTheKeyGoesDownAndOffAgainBehindIt) {
     EXPECT_EQ(lines.were.size(), 14U) << "each line for itself: one that is not there takes the other along";
 }
 
+TEST(KeyLineTest, APortThatIsMissingIsNone) {
+    EXPECT_EQ(platform::OpenKeyLine("/dev/det finns ingen"), nullptr);
+    EXPECT_EQ(platform::OpenKeyLine("EXTFSK"), nullptr);
+    EXPECT_EQ(platform::OpenKeyLine(""), nullptr);
+    EXPECT_EQ(platform::OpenKeyLine("Com999"), nullptr);
+}
+
 TEST(KeyLineTest, APortWithoutLinesTellsSo) {
     const Port port;
     const std::unique_ptr<KeyLine> line = platform::OpenKeyLine(port.Name());

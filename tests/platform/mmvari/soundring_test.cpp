@@ -1,9 +1,7 @@
-// What lies between the program and the machine: the ring that the sound system writes into, and the real
-// port and card where there are none.
-#include "platform/mmvari/keyline.h"
+// What lies between the program and the card: the ring that the sound system writes into, and what stands in
+// where there is no card.
 #include "platform/mmvari/soundcard.h"
 #include "platform/mmvari/soundring.h"
-#include "support/Linje.h"
 
 #include <atomic>
 #include <cmath>
@@ -147,21 +145,6 @@ TEST(SoundRing, ServesAWriterOnAThreadOfItsOwn) {
 }
 
 // ---- where there is none ------------------------------------------------------------------------------
-
-TEST(KeyLine, APortThatIsMissingIsNone) {
-    EXPECT_EQ(platform::OpenKeyLine("/dev/det finns ingen"), nullptr);
-    EXPECT_EQ(platform::OpenKeyLine("EXTFSK"), nullptr);
-    EXPECT_EQ(platform::OpenKeyLine(""), nullptr);
-    EXPECT_EQ(platform::OpenKeyLine("Com999"), nullptr);
-}
-
-TEST(KeyLine, APortWithoutTheLinesIsNoCrash) {
-    Linje linje;
-    const auto line = platform::OpenKeyLine(linje.Enhet());
-    ASSERT_NE(line, nullptr);
-    line->Key(true);
-    line->Key(false);
-}
 
 TEST(SilentCard, GoesAtThePaceOfTheClock) {
     const auto input = platform::SilentInput(8000);
