@@ -1,7 +1,8 @@
 # Compiler settings for our own code only; nothing here reaches Qt or SQLite.
 add_library(sorvik_options INTERFACE)
+# Sources read in one batch see each other's file-local names; the others have told of any that are hidden.
 target_compile_options(sorvik_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+  -Wall -Wextra -Wpedantic $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow> -Wnon-virtual-dtor -Woverloaded-virtual -Werror
   -fno-omit-frame-pointer)
 # GCC's own PCH trips over its "-Winvalid-pch" when a flag differs; make that loud.
 target_compile_options(sorvik_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Winvalid-pch>)
