@@ -132,6 +132,7 @@ void frTest::StängAlltOchSpara() {
 
 void frTest::closeEvent(QCloseEvent* event) {
     event->ignore();
+    AvbrytSändning(); // the question may stand for long
     if (!platform::AskYesNo(QStringLiteral("Vill du verkligen avsluta Sorvik ?"), QStringLiteral("Sorvik")))
         return;
     // The log that may be open is left alone: its clocks are not written back at exit.

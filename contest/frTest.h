@@ -76,7 +76,7 @@ public:
     QComboBox *CBMode, *CBSpeed, *CBRX;
     platform::XMMVBtn *BtnTX, *BtnRX, *BtnHAM, *BtnAFC, *BtnATC, *BtnNET;
     platform::TextView* RXWindow;
-    QPlainTextEdit* TXWindow;
+    platform::TextPane* TXWindow;
     QGroupBox* fmMacro;
     std::array<platform::PushButton*, radio::makroKnappar + 1> cmdMacro{}; ///< index 1 to 12
 
@@ -143,8 +143,13 @@ public:
     /// Behind a message or a dialog stands a step that is not done, a save for instance: it would clear the
     /// form that a contact has just filled, and throw away its file.
     static bool FT8FårVänta();
-    /// Ends what is under way with another contact, before one with this call takes its place on the form.
-    void LämnaFörraQSO(const QString& signal);
+    /// Lets go of a contact that is being corrected, before anything of another one comes onto the form.
+    static void SläppRättning();
+    /// What belongs to the call before, and not to the one that takes its place.
+    void LämnaFörraQSO(bool lokatorKommer);
+    /// The distance of the locator instead of the country's, as if it had been typed. What cannot be measured
+    /// is said when the operator leaves the field, not when a contact arrives.
+    void VisaFT8Avstånd();
     /// Parks txtData in its file. A failure shows its message.
     void SparaData();
     /// The parked record into the entry form; a field whose tag is missing stays as it is. With no open log,

@@ -138,9 +138,11 @@ QLayout* frTest::ByggModemknappar() {
 QLayout* frTest::ByggTextfönster() {
     auto* rad = new QHBoxLayout;
     RXWindow = platform::Named(new platform::TextView, "RXWindow");
-    TXWindow = platform::Named(new QPlainTextEdit, "TXWindow");
-    // Tab goes round the entry form; what it types into a text window is no use on the air.
-    for (QPlainTextEdit* fönster : {static_cast<QPlainTextEdit*>(RXWindow), TXWindow}) {
+    TXWindow = platform::Named(new platform::TextPane, "TXWindow");
+    // Tab goes round the entry form; what it types into a text window is no use on the air. From there it
+    // leads back to the call, and not to the macro beside it, which Enter would send.
+    for (platform::TextPane* fönster : {static_cast<platform::TextPane*>(RXWindow), TXWindow}) {
+        fönster->TabLeadsTo(txtSignal);
         fönster->setFocusPolicy(Qt::ClickFocus);
         fönster->setTabChangesFocus(true);
         fönster->setUndoRedoEnabled(false);
@@ -212,8 +214,8 @@ void frTest::Initiera_MMVari() {
     mmv.SoundCard(Inställningstal(val.DigiID));
     mmv.RxClock(Inställningstal(val.DigiRXKlocka));
     mmv.Carrier(0, utgångston);
-    // Saving the settings in another contest does not take the sound card.
-    if (delat.DigitalTest) mmv.Start();
+    // Saving the settings in another contest, or with no log open, does not take the sound card.
+    if (delat.DigitalTest && HarLogg()) mmv.Start();
 }
 
 void frTest::AvbrytSändning() {
@@ -309,6 +311,8 @@ void frTest::MMVARI_SändBegäran() {
 
 void frTest::MMVARI_Mottaget(int kanal, QChar tecken) {
     if (kanal != 0 || tecken == u'\n') return;
+    // Noise prints these too. Nobody would see them in a call that was picked, and no search would find it.
+    if (tecken.category() == QChar::Other_Control && !QStringLiteral("\r\b\t").contains(tecken)) return;
     RXWindow->moveCursor(QTextCursor::End);
     QTextCursor markör = RXWindow->textCursor();
     if (tecken == u'\b') {
@@ -318,7 +322,9 @@ void frTest::MMVARI_Mottaget(int kanal, QChar tecken) {
     QTextCharFormat format;
     format.setFontWeight(QFont::Normal);
     // A station that sends no line ends, or noise, must not make a line that takes long to lay out.
-    const bool full = tecken == u' ' && markör.block().length() > längstaRad;
+    const auto längd = markör.block().length();
+    const bool full = tecken == u' ' && längd > längstaRad;
+    if (längd > 2 * längstaRad) markör.insertBlock(); // not even a blank
     markör.insertText(tecken == u'\r' || full ? QString(u'\n') : QString(tecken), format);
     RXWindow->moveCursor(QTextCursor::End);
 }

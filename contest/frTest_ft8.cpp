@@ -16,19 +16,23 @@
 #include <QApplication>
 #include <QScopeGuard>
 
-#include <utility>
-
 namespace {
 
 QString FT8Fil() { return platform::DataPath(QStringLiteral("FT8/TestQSO.ADI")); }
 
-bool ft8MeddelandeUppe = false;
+/// The title of the hand-off's own message while it stands.
+QString ft8Meddelande;
 
 /// Datagrams go on arriving behind a message: of those that would give one each, the operator answers one.
 void FT8Meddelande(const QString& text, const QString& titel) {
-    if (std::exchange(ft8MeddelandeUppe, true)) return;
-    const auto nere = qScopeGuard([] { ft8MeddelandeUppe = false; });
+    if (!ft8Meddelande.isEmpty()) return;
+    ft8Meddelande = titel;
+    const auto nere = qScopeGuard([] { ft8Meddelande.clear(); });
     platform::MsgBox(text, titel);
+}
+
+bool ÄrHelLokator(const QString& text) {
+    return (text.size() == 4 || text.size() == 6) && store::AvkodaLokator(text);
 }
 
 struct FT8Läsare {
@@ -69,15 +73,24 @@ void frTest::StartFT8() {
     }
 }
 
-bool frTest::FT8FårVänta() { return QApplication::activeModalWidget() && !ft8MeddelandeUppe; }
+bool frTest::FT8FårVänta() {
+    const QWidget* uppe = QApplication::activeModalWidget();
+    return uppe && (ft8Meddelande.isEmpty() || uppe->windowTitle() != ft8Meddelande);
+}
 
-void frTest::LämnaFörraQSO(const QString& signal) {
-    if (delat.RedigeraQSO) {
-        // Saved as it is now, the new contact would be written over the one that is being corrected.
-        frEditorTest::instans().Rensa();
-        if (!db().rsTESTQSO.IsEOF()) db().rsTESTQSO.MoveLast();
-    }
-    if (signal != txtSignal->text()) RensaBedömning();
+void frTest::SläppRättning() {
+    if (!delat.RedigeraQSO) return;
+    // Saved as it is now, the new contact would be written over the one that is being corrected.
+    frEditorTest::instans().Rensa();
+    if (!db().rsTESTQSO.IsEOF()) db().rsTESTQSO.MoveLast();
+}
+
+void frTest::LämnaFörraQSO(bool lokatorKommer) {
+    RensaBedömning();
+    for (Fält* fält : {txtITUM, txtZONM}) fält->clear();
+    Initiera_fgTestData2();
+    // Half a locator that was being typed cannot be measured, and the message would come for the new call.
+    if (lokatorKommer && !ÄrHelLokator(txtDiplom->text())) txtDiplom->clear();
 }
 
 void frTest::Winsock1_DataArrival() {
@@ -95,6 +108,10 @@ void frTest::SparaData() {
     }
 }
 
+void frTest::VisaFT8Avstånd() {
+    if (ÄrHelLokator(txtDiplom->text()) && ÄrHelLokator(EgenTestLokator())) txtDiplom_LostFocus();
+}
+
 void frTest::ImporteraAdif() {
     try {
         platform::Recordset& logg = db().rsTESTQSO;
@@ -106,17 +123,18 @@ void frTest::ImporteraAdif() {
         // A contact that is being corrected stays where it is until another one takes the form.
         if (!delat.RedigeraQSO && !logg.IsEOF()) logg.MoveLast();
         const QString text = reports::FT8Text(platform::LoadTextFile(FT8Fil()));
+        const bool lokatorKommer = reports::HarFT8Lokator(text);
         for (const FT8Läsare& läsare : ft8Läsare) {
             const auto värde = läsare.läs(text);
             if (!värde) continue;
             // No search can hold one, and the next step of the operator would end the program.
             if (läsare.söks && värde->contains(u'\'')) throw platform::Failure(*värde);
-            if (läsare.fält == &frTest::txtSignal) LämnaFörraQSO(*värde);
+            SläppRättning();
+            if (läsare.fält == &frTest::txtSignal && *värde != txtSignal->text())
+                LämnaFörraQSO(lokatorKommer);
             (this->*läsare.fält)->setText(*värde);
         }
-        // The distance of the locator instead of the country's, as if it had been typed. What cannot be
-        // worked out is said when the operator leaves the field, not at each datagram.
-        if (store::RiktningAvstånd(EgenTestLokator(), txtDiplom->text())) txtDiplom_LostFocus();
+        if (lokatorKommer) VisaFT8Avstånd();
     } catch (const platform::Failure&) {
         FT8Meddelande(QStringLiteral("Ett fel har inträffat vid importering av ADIF-fil."),
                       QStringLiteral("ImportFT8"));

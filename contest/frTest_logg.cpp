@@ -59,13 +59,14 @@ void frTest::NyTestLogg() {
         StängTestLogg();
         const auto fil = platform::AskFile(
             {.title = QStringLiteral("Ny Logg"), .folder = Loggmapp(), .filter = loggFilter, .save = true});
-        if (!fil) return;
+        if (!fil) return StannaMMVari(); // without a log nobody is on the air
         platform::CopyDatabase(Loggmall(), *fil);
         delat.TestLoggFil = *fil;
         delat.TestLoggTitel = QFileInfo(*fil).fileName();
         SkrivAktuelltTest(*fil);
         VerkställÖppnaTestLogg();
     } catch (const platform::Failure&) {
+        StannaMMVari(); // the message may stand for hours
         platform::MsgBox(
             QStringLiteral("Ett fel har inträffat vid skapandet av ny Testlogg! Åtgärden avbryts!"),
             QStringLiteral("NyTestLogg"));
@@ -223,6 +224,7 @@ void frTest::InitieraTest(int test) {
     if (val) InitieraVal(*val);
     const contest::Test& meny = contest::TestFör(test);
     delat.DigitalTest = meny.meny == contest::MenyVal::Digital; // only then the engine starts
+    TömTXWindow(); // what was left there is not for this log's first transmission
     if (delat.DigitalTest)
         Initiera_MMVari();
     else

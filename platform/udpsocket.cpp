@@ -19,6 +19,9 @@ constexpr qint64 kDatagramTurn = 5;
 /// machine.
 constexpr int kHeldTurn = 50;
 
+/// Bytes. Hours of what a talkative program sends, in case a message stands so long.
+constexpr qsizetype kMostWaiting = 16 * 1024 * 1024;
+
 } // namespace
 
 UdpSocket::UdpSocket(const QString& name, QObject* parent)
@@ -43,19 +46,33 @@ void UdpSocket::Bind() {
 void UdpSocket::Close() {
     socket_.close();
     later_.stop();
+    waiting_.clear();
+    waitingSize_ = 0;
     datagram_.clear();
 }
 
 QString UdpSocket::GetData() { return FromCp1252(std::exchange(datagram_, {})); }
 
+/// Out of the system's buffer, which holds some hundred datagrams and drops the next without a word.
+void UdpSocket::Collect() {
+    while (socket_.state() == QAbstractSocket::BoundState && socket_.hasPendingDatagrams()) {
+        QByteArray datagram = socket_.receiveDatagram().data();
+        if (waitingSize_ + datagram.size() > kMostWaiting) continue;
+        waitingSize_ += datagram.size();
+        waiting_.push_back(std::move(datagram));
+    }
+}
+
 void UdpSocket::HandOn() {
     const QPointer<UdpSocket> self(this);
     QElapsedTimer turn;
     turn.start();
-    while (socket_.state() == QAbstractSocket::BoundState && socket_.hasPendingDatagrams()) {
+    for (Collect(); !waiting_.empty(); Collect()) {
         if (turn.elapsed() >= kDatagramTurn) return later_.start(0);
         if (held_ && held_()) return later_.start(kHeldTurn);
-        datagram_ = socket_.receiveDatagram().data();
+        datagram_ = std::move(waiting_.front());
+        waiting_.pop_front();
+        waitingSize_ -= datagram_.size();
         Call(arrival_);
         if (!self) return;
     }

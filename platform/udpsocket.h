@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QUdpSocket>
 
+#include <deque>
 #include <functional>
 
 namespace platform {
@@ -31,14 +32,17 @@ public:
 
     void OnDataArrival(std::function<void()> arrival) { arrival_ = std::move(arrival); }
 
-    /// While this says true, what arrives waits in the system's buffer; it is asked before each datagram.
+    /// While this says true, what arrives waits; it is asked before each datagram.
     void HoldWhile(std::function<bool()> held) { held_ = std::move(held); }
 
 private:
+    void Collect();
     void HandOn();
 
     QUdpSocket socket_;
-    QTimer later_; ///< HandOn is due; never from within the socket's own calls
+    std::deque<QByteArray> waiting_; ///< arrived and not handed on
+    qsizetype waitingSize_ = 0;      ///< bytes
+    QTimer later_;                   ///< HandOn is due; never from within the socket's own calls
     int port_ = 0;
     QByteArray datagram_;
     std::function<void()> arrival_;

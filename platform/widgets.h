@@ -113,10 +113,26 @@ private:
     std::function<void()> rightPress_;
 };
 
-/// A text of several lines to read and to pick from.
-class TextView : public QPlainTextEdit {
+/// A text of several lines from which Tab and Shift+Tab lead to one place, whatever stands beside it.
+class TextPane : public QPlainTextEdit {
 public:
-    using QPlainTextEdit::QPlainTextEdit;
+    /// @param next lives as long as the pane
+    void TabLeadsTo(QWidget* next) { next_ = next; }
+
+protected:
+    bool focusNextPrevChild(bool next) override {
+        if (!next_) return QPlainTextEdit::focusNextPrevChild(next);
+        next_->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
+    }
+
+private:
+    QWidget* next_ = nullptr;
+};
+
+/// A text of several lines to read and to pick from.
+class TextView : public TextPane {
+public:
     /// @param press its argument is the place in the text
     void OnDoubleClick(std::function<void(const QTextCursor& place)> press) {
         doubleClick_ = std::move(press);

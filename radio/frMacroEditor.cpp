@@ -35,7 +35,6 @@ frMacroEditor::frMacroEditor()
     });
     connect(cmdStäng, &QPushButton::clicked, this, &QWidget::close);
     adjustSize();
-    platform::MoveOntoScreen(*this, {Twips(2400), Twips(6400)});
 }
 
 frMacroEditor& frMacroEditor::instans() { return platform::SingleWindow<frMacroEditor>::get(); }
@@ -111,6 +110,7 @@ void frMacroEditor::VisaModalt(int knapp) {
     txtKnapp->setText(EditeratMakro()[0]);
     txtMakro->setText(EditeratMakro()[1]);
     txtKnapp->setFocus();
+    platform::MoveOntoScreen(*this, {Twips(2400), Twips(6400)});
     exec();
 }
 

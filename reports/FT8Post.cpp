@@ -4,6 +4,8 @@
 #include "platform/text.h"
 #include "platform/textfile.h"
 
+#include <algorithm>
+
 namespace reports {
 
 namespace {
@@ -54,8 +56,18 @@ std::optional<QString> LäsFT8Sänt(const QString& text) {
     return LäsTagg(text, QLatin1String("<rst_sent:"), 1);
 }
 
+namespace {
+constexpr const char* lokatortaggar[] = {"<locator:", "<lokator:", "<gridsquare:"};
+} // namespace
+
+bool HarFT8Lokator(const QString& text) {
+    return std::any_of(std::begin(lokatortaggar), std::end(lokatortaggar), [&text](const char* tagg) {
+        return text.contains(QLatin1String(tagg), Qt::CaseInsensitive);
+    });
+}
+
 std::optional<QString> LäsFT8Lokator(const QString& text) {
-    for (const char* tagg : {"<locator:", "<lokator:", "<gridsquare:"})
+    for (const char* tagg : lokatortaggar)
         if (const auto lokator = LäsTagg(text, QLatin1String(tagg), 2)) return platform::ToUpper(*lokator);
     return std::nullopt;
 }

@@ -27,6 +27,8 @@ std::optional<QString> LäsFT8Frekvens(const QString& text);
 /// The reports.
 std::optional<QString> LäsFT8Mottaget(const QString& text);
 std::optional<QString> LäsFT8Sänt(const QString& text);
+/// Whether there is a tag for LäsFT8Lokator.
+bool HarFT8Lokator(const QString& text);
 /// In capitals. A locator under that name counts for more than one under "lokator", and that for more than a
 /// grid square.
 std::optional<QString> LäsFT8Lokator(const QString& text);

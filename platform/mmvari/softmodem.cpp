@@ -208,6 +208,7 @@ void SoftModem::SoundChannel(int radio, int side) {
 void SoftModem::SoundCard(int id) {
     SoundWish wish = input_.Wish();
     wish.id = outWish_.id = Usable(Card, id);
+    outWish_.card.clear();
     input_.Wish(wish);
 }
 
@@ -223,12 +224,14 @@ void SoftModem::RxClock(int rate) {
 
 void SoftModem::Start() {
     if (running_) {
-        // What was missing may have been plugged in since.
+        // What was missing may have been plugged in since, or replaced.
         input_.Retry();
+        outWish_.card.clear();
         keyer_.Open();
         return Say();
     }
     running_ = true;
+    outWish_.card.clear();
     keyer_.Open();
     input_.Open();
     MakeResamplers();
@@ -402,6 +405,7 @@ void SoftModem::SendCharacter(QChar character) {
 /// The radio stands ready: the sound begins.
 void SoftModem::BeginSound() {
     output_ = OpenSoundOutput(outWish_);
+    if (output_) outWish_.card = output_->Card(); // the radio's; while it is away no other one is for sending
     outTrouble_ = output_ ? QString() : QStringLiteral("Inget ljudkort att sända med: inget hörs");
     if (!output_) output_ = SilentOutput(outWish_);
     upsampler_ = std::make_unique<modem::Resampler>(transmitRate_, output_->Rate());

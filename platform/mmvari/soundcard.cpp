@@ -25,10 +25,15 @@ const QString noAnswer = QStringLiteral("Ljudkortet svarar inte");
 
 std::size_t Samples(double seconds, int rate) { return static_cast<std::size_t>(seconds * rate); }
 
-/// A card by its number in the machine's list; a null device if there is none.
-QAudioDevice Device(const QList<QAudioDevice>& devices, const QAudioDevice& usual, int id) {
-    if (id < 0) return usual;
-    return id < devices.size() ? devices[id] : QAudioDevice();
+/// The wished card of the machine's list; a null device if there is none.
+QAudioDevice Device(const QList<QAudioDevice>& devices, const QAudioDevice& usual, const SoundWish& wish) {
+    if (!wish.card.isEmpty()) {
+        for (const QAudioDevice& device : devices)
+            if (device.id() == wish.card) return device;
+        return {};
+    }
+    if (wish.id < 0) return usual;
+    return wish.id < devices.size() ? devices[wish.id] : QAudioDevice();
 }
 
 /// 16-bit samples at the wished rate, else at the card's own.
@@ -52,7 +57,8 @@ QString TroubleOf(QAudio::Error error) {
 class CardInput final : public SoundInput {
 public:
     CardInput(const QAudioDevice& device, const QAudioFormat& format, const SoundWish& wish)
-        : format_(format)
+        : card_(device.id())
+        , format_(format)
         , ring_(Samples(wish.seconds, format.sampleRate() * format.channelCount()), format.channelCount())
         , source_(device, format) {
         source_.setBufferSize(static_cast<qsizetype>(Samples(cardSeconds, format.sampleRate())) *
@@ -70,8 +76,10 @@ public:
         deaf_ = patience_.Over(clock_.elapsed(), !frames.empty());
     }
     QString Trouble() const override { return deaf_ ? noAnswer : TroubleOf(source_.error()); }
+    QByteArray Card() const override { return card_; }
 
 private:
+    QByteArray card_;
     QAudioFormat format_;
     SoundRing ring_;
     QAudioSource source_;
@@ -83,7 +91,8 @@ private:
 class CardOutput final : public SoundOutput {
 public:
     CardOutput(const QAudioDevice& device, const QAudioFormat& format, const SoundWish& wish)
-        : format_(format)
+        : card_(device.id())
+        , format_(format)
         , sink_(device, format) {
         sink_.setBufferSize(static_cast<qsizetype>(Samples(wish.seconds, format.sampleRate())) *
                             format.bytesPerFrame());
@@ -113,8 +122,10 @@ public:
                sink_.processedUSecs() >= written_ * 1'000'000 / format_.sampleRate();
     }
     QString Trouble() const override { return TroubleOf(sink_.error()); }
+    QByteArray Card() const override { return card_; }
 
 private:
+    QByteArray card_;
     QAudioFormat format_;
     QAudioSink sink_;
     QIODevice* device_ = nullptr;
@@ -185,7 +196,7 @@ SoundCardSeam& SoundCards() {
 std::unique_ptr<SoundInput> OpenSoundInput(const SoundWish& wish) {
     if (SoundCards().input) return SoundCards().input(wish);
     const QAudioDevice device =
-        Device(QMediaDevices::audioInputs(), QMediaDevices::defaultAudioInput(), wish.id);
+        Device(QMediaDevices::audioInputs(), QMediaDevices::defaultAudioInput(), wish);
     if (device.isNull()) return nullptr;
     auto input = std::make_unique<CardInput>(device, Format(device, wish), wish);
     if (!input->Works()) return nullptr;
@@ -195,7 +206,7 @@ std::unique_ptr<SoundInput> OpenSoundInput(const SoundWish& wish) {
 std::unique_ptr<SoundOutput> OpenSoundOutput(const SoundWish& wish) {
     if (SoundCards().output) return SoundCards().output(wish);
     const QAudioDevice device =
-        Device(QMediaDevices::audioOutputs(), QMediaDevices::defaultAudioOutput(), wish.id);
+        Device(QMediaDevices::audioOutputs(), QMediaDevices::defaultAudioOutput(), wish);
     if (device.isNull()) return nullptr;
     auto output = std::make_unique<CardOutput>(device, Format(device, wish), wish);
     if (!output->Works()) return nullptr;

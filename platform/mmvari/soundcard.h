@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -21,6 +22,8 @@ public:
     virtual void Read(std::vector<float>& frames) = 0;
     /// The card is gone, and what it said.
     virtual QString Trouble() const { return {}; }
+    /// The card's own name, which it keeps when others come and go; empty if it has none.
+    virtual QByteArray Card() const { return {}; }
 };
 
 /// Sound that goes out, on all channels alike.
@@ -36,6 +39,8 @@ public:
     virtual bool Drained() const = 0;
     /// The card is gone, and what it said.
     virtual QString Trouble() const { return {}; }
+    /// As of SoundInput.
+    virtual QByteArray Card() const { return {}; }
 };
 
 struct SoundWish {
@@ -43,6 +48,9 @@ struct SoundWish {
     int rate = 11025;   ///< if the card has it, else it takes what it has
     int channels = 1;   ///< wanted
     double seconds = 1; ///< what the buffer holds: sound that waits for the program, or for the card
+    /// This card and no other, by its own name, whatever the id: when a card is pulled out, its place in the
+    /// list is another's.
+    QByteArray card = {};
     bool operator==(const SoundWish&) const = default;
 };
 

@@ -12,8 +12,10 @@ QString Missing(const SoundWish& wish) {
 } // namespace
 
 void SteadyInput::Wish(const SoundWish& wish) {
-    reopen_ |= wish != wish_;
+    if (wish == wish_) return;
+    reopen_ = true;
     wish_ = wish;
+    card_.clear();
 }
 
 void SteadyInput::Open() {
@@ -21,7 +23,8 @@ void SteadyInput::Open() {
     trouble_.clear();
     input_.reset(); // first: a card may be open only once
     input_ = OpenSoundInput(wish_);
-    if (!input_) HearSilence(Missing(wish_));
+    if (!input_) return HearSilence(Missing(wish_));
+    card_ = input_->Card();
 }
 
 void SteadyInput::Close() {
@@ -52,12 +55,15 @@ bool SteadyInput::Read(std::vector<float>& frames) {
 /// @return whether the card is there again
 bool SteadyInput::TryAgain() {
     waiting_.start();
-    std::unique_ptr<SoundInput> card = OpenSoundInput(wish_);
+    SoundWish same = wish_;
+    same.card = card_; // the radio's, not the one that has its place in the list now
+    std::unique_ptr<SoundInput> card = OpenSoundInput(same);
     if (!card) {
         trouble_ = Missing(wish_);
         return false;
     }
     input_ = std::move(card);
+    card_ = input_->Card();
     silent_ = false;
     return true;
 }

@@ -15,7 +15,7 @@ public:
     void Open();
     void Close();
     bool IsOpen() const { return input_ != nullptr; }
-    /// Opens at the next Read what is missing, without the wait.
+    /// Opens at the next Read what is missing, without the wait; another card than before will do.
     void Retry() { reopen_ |= !trouble_.isEmpty(); }
     /// Takes what has come. @param frames the channels by turns; what was there is gone
     /// @return whether they come from another input than before, with a Rate and Channels of its own
@@ -31,6 +31,7 @@ private:
 
     SoundWish wish_;
     std::unique_ptr<SoundInput> input_;
+    QByteArray card_; ///< that was open last
     QString trouble_;
     bool reopen_ = false;
     bool silent_ = false;   ///< silence stands in

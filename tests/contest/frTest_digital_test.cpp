@@ -390,6 +390,30 @@ TEST_F(DigitalProv, SavedSettingsDoNotStartTheEngineBehindAnotherContestsLog) {
     EXPECT_FALSE(motor->igång);
 }
 
+TEST_F(DigitalProv, WithoutALogNothingStartsTheEngine) {
+    frTest& f = StartaRTTY();
+    f.Meny("mnuArkiv_StängTestlogg")->trigger();
+    SparaIFönstret([](frInstDigi& inst) { inst.chkNET->click(); });
+    EXPECT_FALSE(motor->igång) << "the settings alone do not";
+    f.TXWindow->setPlainText("CQ");
+    NyLogg(6, "ny.svk");
+    EXPECT_TRUE(motor->igång);
+    EXPECT_EQ(f.TXWindow->toPlainText(), "") << "what was left there is not sent in the new log";
+    filval = {std::nullopt};
+    f.NyTestLogg();
+    EXPECT_FALSE(f.HarLogg());
+    EXPECT_FALSE(motor->igång) << "the old log was closed before the dialog";
+}
+
+TEST_F(DigitalProv, TheQuestionAtTheEndIsNotAskedOnTheAir) {
+    frTest& f = StartaRTTY();
+    motor->anrop.clear();
+    jaNej.push_back(false);
+    f.close();
+    EXPECT_EQ(motor->anrop, QStringList("Transmit 0"));
+    EXPECT_TRUE(motor->igång);
+}
+
 // ---- the operator's hands are on the form -----------------------------------------------------------------
 
 TEST_F(DigitalProv, TheWheelOverAListChangesNothing) {
@@ -441,4 +465,12 @@ TEST_F(DigitalProv, AReceivedLineWithoutAnEndIsBrokenAtABlank) {
     for (QTextBlock rad = f.RXWindow->document()->begin(); rad.isValid(); rad = rad.next())
         EXPECT_LT(rad.length(), 410);
     EXPECT_EQ(f.RXWindow->toPlainText().simplified().count("CQ"), 1000);
+}
+
+TEST_F(DigitalProv, AReceivedLineWithoutABlankIsBrokenToo) {
+    const frTest& f = StartaRTTY();
+    for (int i = 0; i < 3000; ++i) motor->events.received(0, u'R');
+    for (QTextBlock rad = f.RXWindow->document()->begin(); rad.isValid(); rad = rad.next())
+        EXPECT_LT(rad.length(), 810);
+    EXPECT_EQ(f.RXWindow->toPlainText().count('R'), 3000);
 }

@@ -225,7 +225,8 @@ TEST_F(FT8Prov, ATagInAFieldBeforeItIsTakenForTheFieldAndOneBehindItIsNot) {
 TEST_F(FT8Prov, ALineEndOrAHeaderMakesNoDifference) {
     StartaFT8();
     for (const QByteArray& datagram :
-         {Record() + "\n", Record() + "\r\n", "\n<adif_ver:5>3.1.0\n<programid:6>WSJT-X\n<EOH>\n" + Record(),
+         {Record() + "\n", Record() + "\r\n", Record() + "\r\n<lokator:4>AA00 <eor>",
+          "\n<adif_ver:5>3.1.0\n<programid:6>WSJT-X\n<EOH>\n" + Record(),
           Record() + "\r\n<call:5>XX9BB <eor>\r\n", Record().toUpper()}) {
         FyllFälten();
         Sänd(datagram);
@@ -309,6 +310,22 @@ TEST_F(FT8Prov, BehindAMessageRecordsAreParkedWithoutAnotherOne) {
     EXPECT_EQ(Parkerat(), "\"" + Record("XX9BB") + "\"\r\n");
     Sänd(Record());
     EXPECT_EQ(meddelade, 2) << "once it is answered, the next one comes";
+}
+
+TEST_F(FT8Prov, BehindTheRealMessageToo) {
+    frTest& f = StartaFT8();
+    f.Meny("mnuArkiv_StängTestlogg")->trigger();
+    platform::Dialogs().message = nullptr;
+    int sedda = 0;
+    NärFönster("MsgBox", [&](QWidget* ruta) {
+        ++sedda;
+        EXPECT_EQ(ruta->windowTitle(), "ImporteraAdif");
+        Sänd(Record("XX9BB"));
+        static_cast<QDialog*>(ruta)->accept();
+    });
+    Sänd(Record());
+    EXPECT_EQ(sedda, 1);
+    EXPECT_EQ(Parkerat(), "\"" + Record("XX9BB") + "\"\r\n");
 }
 
 TEST_F(FT8Prov, WithoutTheFolderNothingCanBeParkedOrRead) {
@@ -422,7 +439,23 @@ TEST_F(FT8Prov, TheCountryOfTheCallBeforeDoesNotStayWithOneThatHasNone) {
     ASSERT_EQ(f.lblDXCC->text(), "OH");
     Sänd(Record("QQ0ZZZ"));
     EXPECT_EQ(f.lblDXCC->text(), "");
-    EXPECT_EQ(f.txtPrefix->text(), "");
+    for (const frTest::Fält* fält : {f.txtPrefix, f.txtITUM, f.txtZONM})
+        EXPECT_EQ(fält->text(), "") << fält->objectName().toStdString();
+}
+
+TEST_F(FT8Prov, ALocatorThatIsBeingTypedIsNotMeasuredForAnybody) {
+    frTest& f = StartaFT8();
+    for (const char* skrivet : {"J", "JO", "JO8", "JO89W", "JO65MR12"}) {
+        SkrivI(f.txtSignal, "OH2ABC");
+        f.txtDiplom->setText(skrivet);
+        Sänd("hej");
+        Sänd(Binär(0, "2.6.1"));
+        Sänd("<call:6>SM7AAA <gridsquare:8>JO65MR12 <eor>");
+        Sänd("<call:6>SM7BBB <gridsquare:2>JO <eor>");
+        Sänd(Record("SM7CCC"));
+        EXPECT_EQ(f.txtDiplom->text(), "JO65MR");
+        f.RensaTest();
+    }
 }
 
 TEST_F(FT8Prov, AContactThatIsChosenForCorrectionIsNotWrittenOver) {
@@ -432,6 +465,10 @@ TEST_F(FT8Prov, AContactThatIsChosenForCorrectionIsNotWrittenOver) {
     db().rsTESTQSO.MoveFirst();
     frEditorTest::instans().VisaVald();
     ASSERT_TRUE(delat.RedigeraQSO);
+    Sänd("<freq:4>50.3 <eor>");
+    EXPECT_FALSE(delat.RedigeraQSO) << "whatever comes onto the form is not for that contact";
+    db().rsTESTQSO.MoveFirst();
+    frEditorTest::instans().VisaVald();
     Sänd("hej");
     EXPECT_TRUE(delat.RedigeraQSO) << "nothing to take its place";
     EXPECT_EQ(db().rsTESTQSO.Field("Signal").text(), "SM5ABC");

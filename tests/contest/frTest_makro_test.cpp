@@ -423,8 +423,9 @@ TEST_F(MakroProv, ClearingAndClosingWithoutASaveLeaveTheMacroAlone) {
     Redigera(1, [](const frMacroEditor& editor) { EXPECT_EQ(editor.txtMakro->text(), "TEXT 1"); });
 }
 
-TEST_F(MakroProv, TheEditorStandsInItsPlaceOnTheScreen) {
+TEST_F(MakroProv, TheEditorStandsInItsPlaceOnTheScreenEachTime) {
     StartaRTTY();
+    Redigera(1, [](frMacroEditor& editor) { editor.move(3, 3); });
     Redigera(1, [](const frMacroEditor& editor) {
         const QRect skärm = editor.screen()->availableGeometry();
         EXPECT_EQ(editor.x(), qMin(platform::Twips(2400), skärm.right() - editor.width()));

@@ -136,13 +136,25 @@ TEST_F(DigitalProv, EscapeInATextWindowClearsTheContactAndNoText) {
         SkrivI(f.TXWindow, "A");
         SkrivI(f.txtSignal, "SM5ABC");
         fönster->setFocus();
+        motor->läge = 1;
+        motor->anrop.clear();
         Tryck(Qt::Key_Escape);
         EXPECT_EQ(f.txtSignal->text(), "") << fönster->objectName().toStdString();
         EXPECT_TRUE(HarFokus(f.txtSignal));
     }
     EXPECT_EQ(f.TXWindow->toPlainText(), "AA");
     EXPECT_EQ(f.RXWindow->toPlainText(), "CQ DE SM5ABC");
-    EXPECT_EQ(motor->läge, 0);
+    EXPECT_EQ(motor->anrop, QStringList()) << "and the radio stays on the air";
+}
+
+TEST_F(DigitalProv, TabLeadsFromATextWindowBackToTheCall) {
+    frTest& f = StartaRTTY();
+    for (QWidget* fönster : {static_cast<QWidget*>(f.TXWindow), static_cast<QWidget*>(f.RXWindow)})
+        for (const Qt::Key tangent : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            fönster->setFocus();
+            Tryck(tangent);
+            EXPECT_TRUE(HarFokus(f.txtSignal));
+        }
 }
 
 // ---- receiving ----------------------------------------------------------------------------------------
@@ -161,6 +173,17 @@ TEST_F(DigitalProv, LineFeedsAreDroppedAndACarriageReturnEndsTheLine) {
     EXPECT_EQ(f.RXWindow->toPlainText(), "A\nBC\nD");
     Mottag("\b\bE");
     EXPECT_EQ(f.RXWindow->toPlainText(), "A\nBCE") << "a line end is removed whole";
+}
+
+TEST_F(DigitalProv, ControlCharactersOutOfTheNoiseAreDropped) {
+    const frTest& f = StartaRTTY();
+    for (int kod = 0; kod < 256; ++kod) {
+        const QChar tecken(kod);
+        if (kod != '\b' && kod != '\r') motor->events.received(0, tecken);
+    }
+    const QString text = f.RXWindow->toPlainText();
+    EXPECT_EQ(text.size(), 1 + 95 + 96);
+    EXPECT_TRUE(text.startsWith("\t !") && text.endsWith(T("þÿ")));
 }
 
 TEST_F(DigitalProv, OtherChannelsAreDropped) {

@@ -11,6 +11,7 @@
 struct ProvCard {
     int rate = 11025, channels = 1;
     bool inputOpens = true, outputOpens = true;
+    QByteArray name = "radions";
     QString inputTrouble, outputTrouble;
     std::vector<float> coming; ///< frames that wait for the program
     std::vector<float> sent;   ///< all that was written since the output was opened
@@ -39,6 +40,7 @@ public:
         frames.swap(card_.coming);
     }
     QString Trouble() const override { return card_.inputTrouble; }
+    QByteArray Card() const override { return card_.name; }
 
 private:
     ProvCard& card_;
@@ -64,6 +66,7 @@ public:
     }
     bool Drained() const override { return card_.played == card_.sent.size(); }
     QString Trouble() const override { return card_.outputTrouble; }
+    QByteArray Card() const override { return card_.name; }
 
 private:
     ProvCard& card_;

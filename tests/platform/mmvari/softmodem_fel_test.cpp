@@ -40,6 +40,21 @@ TEST_F(ModemTest, ACardThatWasGoneIsHeardAgainByItself) {
     EXPECT_EQ(card.inWishes.size(), opened) << "a card that works is left alone";
 }
 
+TEST_F(ModemTest, TheRadiosCardIsWaitedForAndNoOtherTakesItsPlace) {
+    SoundCards().retryEvery = 20;
+    modem->SoundCard(1);
+    modem->Start();
+    EXPECT_EQ(card.inWishes.back().card, "") << "by its place in the list, the first time";
+    card.inputTrouble = noAnswer;
+    card.inputOpens = false;
+    modem->Turn();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return card.inWishes.size() >= 3; }));
+    EXPECT_EQ(card.inWishes.back().card, "radions") << "its place may be another's now";
+    modem->Start(); // the settings were saved: another one may be meant
+    modem->Turn();
+    EXPECT_EQ(card.inWishes.back().card, "");
+}
+
 TEST_F(ModemTest, ACardThatWasMissingAtTheStartIsFoundLater) {
     SoundCards().retryEvery = 30;
     card.inputOpens = false;

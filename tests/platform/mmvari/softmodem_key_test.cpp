@@ -103,11 +103,11 @@ TEST_F(SendTest, APortThatWasPulledOutAndPutBackKeysAtOnce) {
 }
 
 TEST_F(SendTest, APortThatIsPulledOutIsMissedBeforeTheNextTransmission) {
-    SoundCards().retryEvery = 20;
     StartQuick();
     line.works = false;
     modem->Turn();
     EXPECT_EQ(statuses, QStringList());
+    SoundCards().retryEvery = 20;
     ASSERT_TRUE(QTest::qWaitFor([&] { return !statuses.isEmpty(); }));
     EXPECT_EQ(statuses, QStringList(noLines));
     EXPECT_EQ(line.open, 0);

@@ -203,12 +203,23 @@ TEST_F(SendTest, ModeAndClockOfATransmissionAreThoseOfItsBeginning) {
 TEST_F(SendTest, HearsNothingWhileItSends) {
     StartQuick();
     modem->Transmit(true);
+    ASSERT_TRUE(RunTo(Transmit));
     Hear(Sound(bpsk125, "ITSELF"));
     EXPECT_EQ(heardA, "");
-    EXPECT_EQ(pictures, 0);
     modem->Transmit(false);
     Hear(Sound(bpsk125, "OTHERS"));
     EXPECT_EQ(heardA, "OTHERS");
+}
+
+TEST_F(SendTest, SendsByTheSameCardEachTimeUntilTheSettingsAreSaved) {
+    StartQuick();
+    for (const QByteArray& wished : {QByteArray(), QByteArray("radions")}) {
+        Send("A");
+        EXPECT_EQ(card.outWishes.back().card, wished);
+    }
+    modem->Start();
+    Send("A");
+    EXPECT_EQ(card.outWishes.back().card, "");
 }
 
 TEST_F(SendTest, TheViewsShowWhatIsSentAtTheirUsualPace) {
