@@ -115,6 +115,8 @@ void frTest::SättRubrik(const QString& titel) {
 
 void frTest::SBarTest(int panel, const QString& text) {
     paneler_.at(static_cast<size_t>(panel - 1))->setText(text);
+    // Several troubles at once are longer than the bar.
+    paneler_.at(static_cast<size_t>(panel - 1))->setToolTip(text);
 }
 
 QString frTest::SBarTest(int panel) const { return paneler_.at(static_cast<size_t>(panel - 1))->text(); }

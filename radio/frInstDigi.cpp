@@ -64,6 +64,9 @@ QChar PortSiffra(QChar skrivet, const QLineEdit&) {
     return skrivet >= u'0' && skrivet <= u'9' ? skrivet : QChar();
 }
 
+/// A quote would end the value when the file is read, and the next line would be taken for the rest.
+QChar UtanCitat(QChar skrivet, const QLineEdit&) { return skrivet == u'"' ? QChar() : skrivet; }
+
 } // namespace
 
 struct frInstDigi::Lista {
@@ -130,6 +133,7 @@ frInstDigi::frInstDigi()
     connect(cmdSpara, &QPushButton::clicked, this, [this] { cmdSpara_Click(); });
     connect(cmdAvbryt, &QPushButton::clicked, this, &QWidget::close);
     txtUDP->OnKeyPress(PortSiffra);
+    txtEffekt->OnKeyPress(UtanCitat);
     if (QFile::exists(SVDDigiFil()))
         LäsStation();
     else

@@ -249,6 +249,12 @@ TEST_F(InstDigiProv, ThePortTakesDigitsAlone) {
     EXPECT_EQ(inst.txtUDP->text(), "2333");
 }
 
+TEST_F(InstDigiProv, ThePowerTakesNoQuoteThatTheFileCouldNotHold) {
+    frInstDigi& inst = Öppna();
+    SkrivI(inst.txtEffekt, "100 \"W\", PEP");
+    EXPECT_EQ(inst.txtEffekt->text(), "100 W, PEP");
+}
+
 // ---- saving -------------------------------------------------------------------------------------------
 
 TEST_F(InstDigiProv, SaveStoresEveryValueOfTheWindowAndCloses) {
