@@ -19,6 +19,8 @@ public:
 
     void On(bool on) { on_ = on; }
     bool Open() const { return open_ || !on_; }
+    /// There is a signal, whether the squelch asks for one or not.
+    bool Believed() const { return open_; }
     double Sum() const { return sum_; }
 
     /// @param ratio of one character, less what noise makes of it on the average
@@ -41,6 +43,8 @@ public:
         text += waiting_;
         waiting_.clear();
     }
+    /// What was heard has become much weaker: a fade, or the end. The next characters decide.
+    void Doubt() { sum_ = std::min(sum_, doubtful); }
     void Reset() {
         sum_ = usual_ = 0;
         open_ = false;
@@ -50,6 +54,7 @@ public:
 private:
     /// A signal that stays doubtful is read all the same.
     static constexpr std::size_t longestWait = 40;
+    static constexpr double doubtful = 6;
     static constexpr double lessThanUsual = 2.5, usualMemory = 6;
 
     double enough_, most_, sure_;

@@ -9,11 +9,16 @@
 namespace platform::modem {
 
 namespace {
-/// Characters after which the noise's level is half forgotten, and what a learner once earned.
-constexpr double noiseMemory = 8, lossMemory = 40;
-/// Tone over noise until a character was heard, and what that guess weighs against bits heard.
-constexpr double guess = 10;
-constexpr double guessWeight = 1;
+/// Characters after which the noise's level is half forgotten: with seven values each its mean is sure to a
+/// tenth, and it has followed within two seconds.
+constexpr double noiseMemory = 8;
+/// Likewise what a learner once earned: two known bits a character say little, and a path through the air
+/// keeps its kind for longer than its strength.
+constexpr double lossMemory = 40;
+/// Tone over noise until a character was heard, that of a signal with two characters in a hundred wrong: a
+/// stronger one is read with any guess. It weighs as much as one bit heard, so that the first character
+/// decides.
+constexpr double guess = 10, guessWeight = 1;
 /// The least that a tone is taken for: weaker ones are not to be read anyway.
 constexpr double leastTone = 2;
 /// The most that a tone is taken for, over noise: a strong one needs no more, and when it ends, what noise
@@ -21,7 +26,13 @@ constexpr double leastTone = 2;
 constexpr double mostTone = 15;
 /// Rounding of 16-bit samples is the least noise there is.
 constexpr double leastNoise = 1e-12;
-/// Tone over noise at which a signal begins to be worth printing.
+/// Steps at the beginning that tell the noise: four bits.
+constexpr int beginning = 64;
+/// Steps in which a fall shows, as many: shorter ones would take a gap between windows for it. A fall by more
+/// than 9 dB is none of noise.
+constexpr int stretch = ToneLevels::fallSteps / 2;
+constexpr double mostFall = 8;
+/// Tone over noise at which a signal begins to be worth printing: one character in six is wrong.
 constexpr double worth = 6;
 
 double ShareRatio(double share) { return std::exp(-worth * (1 - share)) * (1 + worth * share); }
@@ -62,6 +73,9 @@ void ToneLevels::Learner::Solve(double noise) {
         mark = space = tone(markMean.sum + spaceMean.sum, markMean.weight + spaceMean.weight);
 }
 
+/// Half forgotten after a second and a half for a flat path; after two, as each has but half the bits, for
+/// tones that stay unlike; after half a character for tones that come and go, by the bits that everybody
+/// knows alone, for what is guessed with such levels would bear itself out.
 ToneLevels::ToneLevels()
     : learners_{{.separate = false, .memory = 8, .dataWeight = 1},
                 {.separate = true, .memory = 12, .dataWeight = 1},
@@ -69,11 +83,35 @@ ToneLevels::ToneLevels()
     for (Learner& learner : learners_) learner.share = 1.0 / static_cast<double>(learners_.size());
 }
 
-void ToneLevels::Begin(const BitEnergy& bit) {
-    if (seen_ >= 64) return;
-    noise_ += (std::max((bit.mark + bit.space) / 2, leastNoise) - noise_) / ++seen_;
-    if (seen_ == 64) noiseMean_ = {noise_ * 10, 10};
+bool ToneLevels::Hear(const BitEnergy& bit) {
+    if (seen_ < beginning) {
+        noise_ += (std::max((bit.mark + bit.space) / 2, leastNoise) - noise_) / ++seen_;
+        if (seen_ == beginning) noiseMean_ = {noise_ * 10, 10};
+        for (Learner& learner : learners_) learner.Solve(noise_);
+    }
+    sum_ += bit.mark + bit.space;
+    if (++summed_ < stretch) return false;
+    const double now = sum_ / stretch, heard = std::max({now, before_, leastNoise});
+    before_ = now;
+    sum_ = 0;
+    summed_ = 0;
+    return Sink(heard);
+}
+
+/// Levels are learnt from characters, but beside a level that a much stronger signal has left none is found
+/// any more. Neither tones nor noise can be stronger than all that was heard of late.
+bool ToneLevels::Sink(double heard) {
+    double strongest = 0;
+    for (const Learner& learner : learners_) strongest = std::max({strongest, learner.mark, learner.space});
+    const bool fell = strongest > mostFall * heard;
+    if (fell)
+        for (Learner& learner : learners_) learner.Scale(heard / strongest);
+    if (noise_ > heard) {
+        noiseMean_.sum *= heard / 2 / noise_;
+        noise_ = heard / 2;
+    }
     for (Learner& learner : learners_) learner.Solve(noise_);
+    return fell;
 }
 
 double ToneLevels::MarkRatio(const BitEnergy& bit) const {

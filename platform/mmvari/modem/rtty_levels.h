@@ -23,8 +23,11 @@ public:
     /// Each tone by its own strength, against selective fading. Otherwise both count as equally strong.
     void Separate(bool on) { separate_ = on; }
 
-    /// A bit that nothing is known of yet: the first ones say how strong the noise may be.
-    void Begin(const BitEnergy& bit);
+    /// A bit that nothing is known of yet, one a step: the first ones say how strong the noise may be, later
+    /// ones when all has become weaker. @return whether it has become so much weaker that what was there has
+    /// ended, `fallSteps` ago or before
+    bool Hear(const BitEnergy& bit);
+    static constexpr int fallSteps = 128;
     /// Log-likelihood ratio of mark to space.
     double MarkRatio(const BitEnergy& bit) const;
     /// @param bits of one character: start bit, five bits, stop bit @param signal probability that it is one
@@ -56,14 +59,22 @@ private:
         double Ratio(const BitEnergy& bit, double noise) const;
         void Take(const BitEnergy& bit, double isMark, double weight);
         void Solve(double noise);
+        void Scale(double by) {
+            markMean.sum *= by;
+            spaceMean.sum *= by;
+        }
     };
     void Judge(std::span<const BitEnergy> bits, double signal);
+    bool Sink(double heard);
 
     bool separate_ = false;
     std::vector<Learner> learners_;
     Mean noiseMean_;
     double noise_ = 0; ///< mean energy of the noise in a correlator
-    int seen_ = 0;
+    int seen_ = 0;     ///< steps at the beginning
+    double sum_ = 0,
+           before_ = 0; ///< energy of both tones in the stretch at hand, and its mean in the last one
+    int summed_ = 0;    ///< steps of that
 };
 
 /// Log-likelihood ratio of a character to noise alone, from how each bit's energy is shared between the

@@ -29,9 +29,13 @@ constexpr double enough = 12, most = 16, sure = 3, noiseRatio = 1;
 
 /// Hz from the place it was tuned to that AFC goes at most: further out lies somebody else.
 constexpr double rttyAfcRange = 60;
-/// Hz from which on a search beats following: with a signal in the ear only what would spoil it.
+/// Hz from which on a search beats following, for it is itself right to one or two: with a signal in the ear
+/// only what would spoil it, a quarter of a baud.
 constexpr double nearOff = 3, farOff = 10;
-/// Part of a character's error by which AFC follows; more for the first ones behind a jump.
+/// A signal that is read is left for one that is so much stronger, for then it is itself.
+constexpr double clearlyStronger = 1.4;
+/// Part of a character's error by which AFC follows: a drift of 20 Hz a minute then lags by 0.8 Hz, and noise
+/// leaves as much. More for the first ones behind a jump, which leaves some Hz: of them a tenth is left then.
 constexpr double slowGain = 0.07, quickGain = 0.25;
 constexpr int settlingCharacters = 8;
 /// Bits in the view of the receiver at work.
@@ -48,23 +52,28 @@ public:
         , mark_(down_.Rate(), -side_ * rttyShift / 2, Kept())
         , space_(down_.Rate(), side_ * rttyShift / 2, Kept())
         , pair_(down_.Rate(), setup.baud, -rttyShift / 2, rttyShift / 2)
-        , baud_(setup.baud) {}
+        , baud_(setup.baud)
+        , limits_(CarrierRange(setup))
+        , set_(setup.carrier) {}
 
     void Receive(std::span<const float> audio, std::string& text) override {
         blocks_.Push(audio, [&](std::span<const float> block) { Take(block, text); });
     }
 
-    double Carrier() const override { return down_.Carrier() - side_ * rttyShift / 2; }
+    double Carrier() const override {
+        // What was set comes back to the last bit.
+        return std::clamp(set_ + (down_.Carrier() - tuned_), std::min(set_, limits_.first),
+                          std::max(set_, limits_.second));
+    }
     void Carrier(double hertz) override {
+        set_ = hertz;
         tuned_ = hertz + side_ * rttyShift / 2;
         down_.Carrier(tuned_);
-        pair_.Reset();
-        evidence_.Reset();
-        decoder_.Reset();
+        Forget();
     }
     void Afc(bool on) override { afc_ = on; }
     void Squelch(bool on) override { evidence_.On(on); }
-    void Atc(bool on) override { levels_.Separate(on); }
+    void Atc(bool on) override { levels_.Separate(atc_ = on); }
     void UnshiftOnSpace(bool on) override { decoder_.UnshiftOnSpace(on); }
     Sync Now() const override {
         return {.points = points_, .quality = std::clamp(evidence_.Sum() / most, 0.0, 1.0)};
@@ -76,6 +85,22 @@ private:
     std::size_t Kept() const { return static_cast<std::size_t>(bit_ * hops / hopsPerBit); }
     double Begin(std::uint64_t step) const { return static_cast<double>(step) * bit_ / hopsPerBit; }
     double End(std::uint64_t step) const { return Begin(step) + bit_; }
+
+    /// Begins afresh: half a character and the levels of another signal would be read into this one.
+    void Forget() {
+        mark_.Reset();
+        space_.Reset();
+        next_ = 0;
+        ended_.reset();
+        levels_ = ToneLevels();
+        levels_.Separate(atc_);
+        search_ = FrameSearch();
+        pair_.Reset();
+        evidence_.Reset();
+        decoder_.Reset();
+        settling_ = 0;
+        points_.clear();
+    }
 
     void Take(std::span<const float> block, std::string& text) {
         baseband_.clear();
@@ -91,7 +116,10 @@ private:
     /// One more place at which a bit may begin.
     void Step(std::string& text) {
         const BitEnergy energy = EnergyAt(static_cast<double>(next_++));
-        levels_.Begin(energy);
+        if (levels_.Hear(energy) && evidence_.Believed() && next_ >= ToneLevels::fallSteps) {
+            ended_ = next_ - ToneLevels::fallSteps;
+            pair_.Reset();
+        }
         starts_.clear();
         search_.Push(levels_.MarkRatio(energy), starts_);
         for (const double start : starts_) Character(start, text);
@@ -105,6 +133,11 @@ private:
     }
 
     void Character(double start, std::string& text) {
+        // A signal that has ended does not speak for what follows it.
+        if (ended_ && start >= static_cast<double>(*ended_)) {
+            evidence_.Doubt();
+            ended_.reset();
+        }
         std::array<BitEnergy, 7> bits;
         std::uint8_t code = 0;
         for (std::size_t i = 0; i < bits.size(); ++i) {
@@ -131,8 +164,9 @@ private:
     /// A signal beside the carrier: go there at once.
     void Search() {
         pair_.Push(baseband_);
-        const auto offset = pair_.Offset();
-        if (!offset || std::abs(*offset) < (evidence_.Open() ? farOff : nearOff)) return;
+        const auto offset = pair_.Offset(evidence_.Believed() ? clearlyStronger : 1);
+        if (!offset || std::abs(*offset) < (evidence_.Believed() ? farOff : nearOff)) return;
+        if (std::abs(down_.Carrier() + *offset - tuned_) > rttyAfcRange) return;
         Tune(*offset);
         pair_.Reset();
         settling_ = settlingCharacters;
@@ -141,7 +175,7 @@ private:
     /// A character that was read tells how far its tones are off: between the halves of a bit their phase
     /// turns by half a bit's worth of the error.
     void Follow(double start, std::uint8_t code) {
-        if (!evidence_.Open()) return;
+        if (!evidence_.Believed() || pair_.Beside()) return;
         std::complex<double> turn;
         for (int i = 0; i < 7; ++i) {
             const bool mark = i == 6 || (i > 0 && (code >> (i - 1) & 1) != 0);
@@ -156,8 +190,10 @@ private:
     }
 
     void Tune(double hertz) {
-        const double wanted = down_.Carrier() + hertz;
-        down_.Carrier(std::clamp(wanted, tuned_ - rttyAfcRange, tuned_ + rttyAfcRange));
+        // Where the operator tunes is his own affair, even beyond what the audio holds.
+        const double low = std::min(tuned_, std::max(tuned_ - rttyAfcRange, tuned_ + limits_.first - set_));
+        const double high = std::max(tuned_, std::min(tuned_ + rttyAfcRange, tuned_ + limits_.second - set_));
+        down_.Carrier(std::clamp(down_.Carrier() + hertz, low, high));
     }
 
     double side_, middle_;
@@ -167,16 +203,19 @@ private:
     ToneIntegral mark_, space_;
     std::vector<Complex> baseband_;
     std::vector<double> starts_;
-    std::uint64_t next_ = 0;
+    std::uint64_t next_ = 0;             ///< step at which the next bit may begin
+    std::optional<std::uint64_t> ended_; ///< behind it lies nothing of the signal before
     ToneLevels levels_;
     FrameSearch search_;
     Evidence evidence_{enough, most, sure};
     Ita2Decoder decoder_;
     TonePairSearch pair_;
     double baud_;
-    double tuned_ = middle_; ///< where the operator left the middle
-    int settling_ = 0;       ///< characters for which AFC is quick
-    bool afc_ = false;
+    std::pair<double, double> limits_; ///< of the carrier, as far as a signal may take it
+    double set_;                       ///< the carrier where the operator left it
+    double tuned_ = middle_;           ///< where the operator left the middle
+    int settling_ = 0;                 ///< characters for which AFC is quick
+    bool afc_ = false, atc_ = false;
     std::vector<float> points_;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/mmvari/modem/rtty_tones.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <numbers>
@@ -20,6 +21,11 @@ void ToneIntegral::Push(Complex sample) {
               phase_.real() * turn_.imag() + phase_.imag() * turn_.real()};
     ++count_;
     if ((count_ & 1023U) == 0) phase_ /= std::abs(phase_);
+}
+
+void ToneIntegral::Reset() {
+    std::fill(sums_.begin(), sums_.end(), std::complex<double>());
+    count_ = 0;
 }
 
 std::complex<double> ToneIntegral::At(double position) const {

@@ -22,6 +22,8 @@ public:
     ToneIntegral(double rate, double hertz, std::size_t keep);
 
     void Push(Complex sample);
+    /// What was heard counts no more, and samples are counted from 0 again.
+    void Reset();
     /// Samples taken so far.
     std::uint64_t Count() const { return count_; }
     /// Between two positions, counted in samples and not whole, of the last `keep`.

@@ -184,7 +184,7 @@ TEST(ToneLevels, SeparateLevelsDecideAWeakToneAtItsOwnMeasure) {
     for (const bool separate : {false, true}) {
         ToneLevels levels;
         levels.Separate(separate);
-        for (int i = 0; i < 64; ++i) levels.Begin({0.01, 0.01});
+        for (int i = 0; i < 64; ++i) levels.Hear({0.01, 0.01});
         for (int i = 0; i < 60; ++i)
             levels.Learn(
                 std::vector{BitEnergy{0.01, 0.1}, mark, BitEnergy{0.01, 0.1}, mark, mark, mark, mark}, 1);
