@@ -77,6 +77,7 @@ private:
     double Range() const { return (afc_ ? afcRange : fixedRange) * baud_; }
 
     double baud_, carrier_;
+    std::pair<double, double> limits_; ///< of the carrier, as far as a signal may take it
     bool afc_ = false, squelch_ = true;
     Downconverter down_;
     double symbol_; ///< baseband samples
@@ -84,17 +85,18 @@ private:
     PskSearch search_;
     PskDemodulator demodulator_;
     std::vector<float> block_;
-    std::string fresh_, reread_; ///< text of a block, and of what is read again
-    std::size_t blockLength_;
+    std::string fresh_, reread_;  ///< text of a block, and of what is read again
+    std::size_t blockLength_;     ///< audio samples
     std::int64_t nextSearch_ = 0; ///< number of a baseband sample
-    bool locked_ = false;
-    bool begun_ = false;          ///< something of the signal was put out
     std::int64_t lockedTill_ = 0; ///< likewise
+    bool locked_ = false;
+    bool begun_ = false; ///< something of the signal was put out
 };
 
 BpskReceiver::BpskReceiver(const Setup& setup)
     : baud_(setup.baud)
     , carrier_(setup.carrier)
+    , limits_(CarrierRange(setup))
     , down_(setup.rate, setup.carrier, passband * setup.baud, oversampling * setup.baud)
     , symbol_(down_.Rate() / setup.baud)
     , samples_(static_cast<std::size_t>((replayed + 4) * symbol_))
@@ -145,7 +147,8 @@ void BpskReceiver::TakeBlock(std::string& text) {
     if (demodulator_.Evidence().Open()) {
         if (!locked_) Confirm(read);
         if (afc_ && !demodulator_.Evidence().Ended(0))
-            carrier_ = down_.Carrier() + Hertz(demodulator_.Turn());
+            carrier_ =
+                std::clamp(down_.Carrier() + Hertz(demodulator_.Turn()), limits_.first, limits_.second);
         lockedTill_ = samples_.End();
     } else {
         locked_ = false;
@@ -204,7 +207,7 @@ void BpskReceiver::Confirm(double read) {
     const auto other = Other(demodulator_.Turn(), Turn(aliasFar * baud_), read);
     if (!other || IsNear(other->Turn())) return;
     const bool beside = std::abs(other->Turn() - demodulator_.Turn()) < Turn(aliasIdle * baud_);
-    if (!beside && other->Amplitude() < clearlyStronger * demodulator_.Amplitude()) return;
+    if (!beside && other->Strength() < clearlyStronger * demodulator_.Strength()) return;
     if (other->Evidence().Sum() < alike * demodulator_.Evidence().Sum()) return;
     // It may have begun too late to be open yet.
     demodulator_ = *other;
@@ -215,8 +218,12 @@ void BpskReceiver::Confirm(double read) {
 void BpskReceiver::CheckPlace() {
     const auto other = Other(demodulator_.Turn(), Turn(aliasFar * baud_), demodulator_.Read());
     if (!other || !other->Evidence().Open()) return;
-    const double enough = IsNear(other->Turn()) ? stronger : clearlyStronger;
-    if (other->Amplitude() > enough * demodulator_.Amplitude()) demodulator_ = *other;
+    if (IsNear(other->Turn())) {
+        if (other->Amplitude() > stronger * demodulator_.Amplitude()) demodulator_ = *other;
+    } else if (other->Strength() > clearlyStronger * demodulator_.Strength()) {
+        demodulator_ = *other;
+        fresh_ += reread_;
+    }
 }
 
 Sync BpskReceiver::Now() const {

@@ -91,6 +91,8 @@ void PskDemodulator::TakeSymbol(const PskStrobe& strobe) {
     amplitude_ +=
         (std::sqrt(power) - amplitude_) / std::min(amplitudeMemory, static_cast<double>(count_ + 1));
 
+    Weigh(std::sqrt(power), Turned(symbol, phase_.Value()).real() < 0 ? -1 : 1);
+
     // On the pulse's rising side the symbol's middle is still to come.
     if (amplitude_ > 0) {
         const double phase = lost ? foretold : phase_.Value();
@@ -103,6 +105,16 @@ void PskDemodulator::TakeSymbol(const PskStrobe& strobe) {
     open_[static_cast<std::size_t>(count_) % memory] = evidence_.Open();
     if (evidence_.Sum() == 0) Forget();
     ++count_;
+}
+
+/// Both neighbours of the symbol before are known now.
+void PskDemodulator::Weigh(double magnitude, int sign) {
+    const double own = 1 + PskPulse::neighbour * lastSign_ * (secondLastSign_ + sign);
+    strength_ +=
+        (lastMagnitude_ / own - strength_) / std::min(amplitudeMemory, static_cast<double>(count_ + 1));
+    lastMagnitude_ = magnitude;
+    secondLastSign_ = lastSign_;
+    lastSign_ = sign;
 }
 
 void PskDemodulator::Forget() {

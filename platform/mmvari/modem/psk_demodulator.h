@@ -32,7 +32,11 @@ public:
 
     /// Radians a sample.
     double Turn() const { return reference_ + phase_.Rate() / symbol_; }
+    /// Mean magnitude of the symbols, neighbours and noise included.
     double Amplitude() const { return amplitude_; }
+    /// The pulses' own: the same for text, an idle signal and a steady one, which a neighbour's part makes
+    /// weaker and stronger by a third.
+    double Strength() const { return strength_; }
     const PskEvidence& Evidence() const { return evidence_; }
     /// End of the last character that was put out with evidence: the number of a sample.
     double Read() const { return read_; }
@@ -45,6 +49,7 @@ public:
 
 private:
     void TakeSymbol(const PskStrobe& strobe);
+    void Weigh(double magnitude, int sign);
     /// All so far was noise: it has taught the loops nothing.
     void Forget();
     /// The symbol of which the phase can be told.
@@ -63,7 +68,9 @@ private:
     PskPhase history_;
     PskSequence sequence_;
     VaricodeReader reader_;
-    double amplitude_ = 0;
+    double amplitude_ = 0, strength_ = 0;
+    double lastMagnitude_ = 0; ///< of the symbol before
+    int lastSign_ = 1, secondLastSign_ = 1;
     /// Running means of the cosine of twice the error of the phase that the loop foretold, and the last
     /// symbols.
     double loopMerit_ = 0.5, recentMerit_ = 0;

@@ -33,7 +33,7 @@ void PskEvidence::Put(double cosine) {
     if (sum_ < closes) open_ = false;
     quality_ += (cosine - quality_) / qualityMemory;
     cosines_[next_] = cosine;
-    strength_ = std::min(strongest, std::max(quality_, strength_ - fading));
+    strength_ = std::clamp(std::max(quality_, strength_ - fading), 0.0, strongest);
     next_ = (next_ + 1) % memory;
 }
 

@@ -147,6 +147,17 @@ TEST(PskEvidence, OpensOnASignalWithinASecondAndClosesBehindIt) {
     EXPECT_LT(symbols, 60);
 }
 
+TEST(PskEvidence, StandsAnglesThatAllSpeakAgainstASignal) {
+    PskEvidence evidence;
+    for (int i = 0; i < 500; ++i) {
+        evidence.Put(-1);
+        EXPECT_NO_THROW(evidence.Ended(0)) << i;
+    }
+    EXPECT_FALSE(evidence.Ended(0)) << "a signal that never was";
+    EXPECT_EQ(evidence.Quality(), 0);
+    EXPECT_FALSE(evidence.Open());
+}
+
 TEST(PskEvidence, StaysClosedThroughHoursOfNoise) {
     PskEvidence evidence;
     std::mt19937 random(2);
