@@ -14,8 +14,9 @@ namespace platform::modem {
 
 namespace {
 
-/// Hz by which a signal may be off with AFC on.
-constexpr double afcRange = 25;
+/// Hz by which a signal may be off with AFC on, to be found; whole tones and a fraction are looked at, which
+/// reaches further. In tone distances, how much further the carrier follows, and at once.
+constexpr double afcRange = 25, afcSlack = 0.25;
 /// Bins that the bank has in a tone's distance.
 constexpr int binsBetween = MfskTracker::fractions;
 /// What a symbol can say about clock and frequency at most, so that a crash does not outweigh the others.
@@ -43,6 +44,7 @@ public:
     explicit MfskReceiver(const Setup& setup)
         : shape_(MfskShapeOf(setup))
         , rate_(setup.rate)
+        , limits_(CarrierRange(setup))
         , shifts_(static_cast<int>(std::ceil(afcRange / shape_.baud)))
         , tones_(shape_.Tones() + 2 * shifts_)
         , down_(setup.rate, setup.carrier, Half() * shape_.baud, 5 * Half() * shape_.baud)
@@ -198,7 +200,8 @@ private:
             off_ -= by;
             toldOff_ -= by;
             turned_ += by;
-            // Each guess goes on with the tones that it knows; the one that falls over the edge begins anew.
+            // Each guess goes on with the tones that it knows; the one that falls over the edge takes those
+            // at the other edge, and is right again when it has heard them for a while.
             for (int& shift : shiftOf_) {
                 shift += by;
                 if (std::abs(shift) > shifts_) shift = -by * shifts_;
@@ -218,8 +221,15 @@ private:
             alone = alone && (i == current_ || decoders_[current_].Better(decoders_[i]) > changeOver);
         if (afc_ && alone && decoders_[current_].Hears()) {
             const double high = (shiftOf_[current_] - turned_ + past_[pastAt_]) * shape_.baud;
-            told_ = tuned_ + (shape_.reversed ? -high : high);
+            Tell(tuned_ + (shape_.reversed ? -high : high));
         }
+    }
+
+    /// A signal may drift out of the range, but one that lies outside is somebody else's.
+    void Tell(double hertz) {
+        const double slack = afcSlack * shape_.baud;
+        if (std::abs(hertz - tuned_) > afcRange + slack && std::abs(hertz - told_) > slack) return;
+        told_ = std::clamp(hertz, std::min(tuned_, limits_.first), std::max(tuned_, limits_.second));
     }
 
     void Show() {
@@ -240,8 +250,9 @@ private:
 
     MfskShape shape_;
     double rate_;
-    int shifts_; ///< tone distances on each side by which the signal may be off
-    int tones_;  ///< that are listened to
+    std::pair<double, double> limits_; ///< of the carrier, as far as a signal may take it
+    int shifts_;                       ///< tone distances on each side by which the signal may be off
+    int tones_;                        ///< that are listened to
     Downconverter down_;
     double symbol_; ///< samples behind the downconverter in a nominal symbol
 

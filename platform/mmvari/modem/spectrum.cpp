@@ -10,7 +10,7 @@ namespace platform::modem {
 
 namespace {
 
-/// Points of the transform: about 2 Hz each at the 4 to 6 kHz that are left of the audio's rate.
+/// Points of the transform: 2 to 3 Hz each, as 4,000 to 6,000 samples a second are left of the audio's.
 constexpr int points = 2048;
 constexpr double quietest = 1e-12;
 
