@@ -17,6 +17,10 @@ constexpr std::size_t searched = 5;
 constexpr std::int64_t witnesses = 6;
 /// Symbols over which the amplitude is taken.
 constexpr double amplitudeMemory = 32;
+/// Symbols whose loudest says how much it can be at most, and by how much; a signal that is there is far from
+/// that. One that is so much louder has ended: 8 dB within a dozen symbols are seldom a fade.
+constexpr std::int64_t recentSymbols = 12;
+constexpr double mostOverLoudest = 1.5, ends = 2.5;
 /// Of that, which noise and neighbours make greater, the part that is the pulse's own.
 constexpr double pulseShare = 0.85;
 /// Symbols at a signal's beginning in which nothing is read: the pulse that rises there is none of the
@@ -90,7 +94,7 @@ void PskDemodulator::TakeSymbol(const PskStrobe& strobe) {
     phase_.Correct(loop.imag() / 2);
     amplitude_ +=
         (std::sqrt(power) - amplitude_) / std::min(amplitudeMemory, static_cast<double>(count_ + 1));
-
+    Sink(power);
     Weigh(std::sqrt(power), Turned(symbol, phase_.Value()).real() < 0 ? -1 : 1);
 
     // On the pulse's rising side the symbol's middle is still to come.
@@ -105,6 +109,20 @@ void PskDemodulator::TakeSymbol(const PskStrobe& strobe) {
     open_[static_cast<std::size_t>(count_) % memory] = evidence_.Open();
     if (evidence_.Sum() == 0) Forget();
     ++count_;
+}
+
+/// Who answers may be a hundredth as strong, and nobody as strong as the mean says if no symbol of late was.
+void PskDemodulator::Sink(double power) {
+    double loudest = power;
+    for (std::int64_t k = std::max<std::int64_t>(0, count_ - recentSymbols); k < count_; ++k)
+        loudest = std::max(loudest, std::norm(history_.Symbol(k)));
+    const double amplitude = std::sqrt(loudest);
+    // What begins there is the noise behind a signal, or the pulse of another one.
+    if (amplitude_ > ends * amplitude) {
+        heardFrom_ = count_ - recentSymbols;
+        evidence_.Doubt();
+    }
+    amplitude_ = std::min(amplitude_, mostOverLoudest * amplitude);
 }
 
 /// Both neighbours of the symbol before are known now.

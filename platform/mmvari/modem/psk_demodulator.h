@@ -49,6 +49,7 @@ public:
 
 private:
     void TakeSymbol(const PskStrobe& strobe);
+    void Sink(double power);
     void Weigh(double magnitude, int sign);
     /// All so far was noise: it has taught the loops nothing.
     void Forget();

@@ -17,6 +17,8 @@ constexpr double opens = 18;
 /// What a signal may gather, and what is left when it is held to be gone: as much as a weak signal hardly
 /// ever loses by chance.
 constexpr double most = 26, closes = 10;
+/// What counts of a signal that may have ended: three symbols of noise take it away.
+constexpr double doubtful = 12;
 /// Logarithm of the odds against the last symbols at which a signal has ended: a weak one is held to have
 /// done so once in some thousand symbols, wrongly.
 constexpr double ended = -4;
@@ -36,6 +38,8 @@ void PskEvidence::Put(double cosine) {
     strength_ = std::clamp(std::max(quality_, strength_ - fading), 0.0, strongest);
     next_ = (next_ + 1) % memory;
 }
+
+void PskEvidence::Doubt() { sum_ = std::min(sum_, doubtful); }
 
 bool PskEvidence::Ended(std::size_t symbols) const {
     // The density's concentration from the cosines' mean, by Banerjee's approximation.

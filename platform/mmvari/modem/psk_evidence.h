@@ -18,6 +18,8 @@ public:
     static constexpr std::size_t memory = 32; ///< symbols
 
     void Put(double cosine);
+    /// The signal has become much weaker: the next symbols say whether it is there still.
+    void Doubt();
     /// Natural logarithm of the odds.
     double Sum() const { return sum_; }
     /// There is a signal, be it in a short fade.
