@@ -189,6 +189,7 @@ TEST_P(BpskRoundTrip, GivesBackEveryCharacterOnce) {
     const std::string text = EveryCharacter();
     const Audio clean = provkanal::Koda(setup, text);
     for (const double snr : {100.0, 10.0}) {
+        if (snr > 50 && setup.rate > 20000) continue; // a second time costs much and tells little
         const auto receiver = MakeReceiver(setup);
         EXPECT_EQ(Heard(*receiver, provkanal::Sänd(clean, setup.rate, {.snr = snr}), setup.rate), text)
             << snr;
@@ -198,7 +199,7 @@ TEST_P(BpskRoundTrip, GivesBackEveryCharacterOnce) {
 TEST_P(BpskRoundTrip, CopesWithASoundCardWhoseClockIsOff) {
     const ModemSetup setup{
         .mode = Mode::Bpsk, .baud = GetParam().baud, .carrier = 1200, .rate = GetParam().rate};
-    const std::string text = provkanal::Testtext(setup.rate > 20000 ? 60 : 200, 3);
+    const std::string text = provkanal::Testtext(setup.rate > 20000 ? 40 : 120, 3);
     for (const double off : {0.005, -0.005, 0.0002}) {
         ModemSetup sent = setup;
         sent.baud *= 1 + off;
@@ -260,7 +261,7 @@ TEST(BpskReceiver, TakesNoPartOfAStrongSignalForTheWhole) {
     // An idle signal's tones lie half a baud on either side of it, and what is heard of it a whole baud off
     // has its rhythm too.
     const ModemSetup setup{.mode = Mode::Bpsk, .baud = 62.5, .carrier = 1500, .rate = 8000};
-    for (std::uint32_t seed = 1; seed <= 60; ++seed) {
+    for (std::uint32_t seed = 1; seed <= 30; ++seed) {
         ModemSetup sent = setup;
         sent.carrier += seed % 2 != 0 ? -40 : 55;
         sent.baud *= 0.995;
@@ -320,19 +321,19 @@ TEST(BpskReceiver, TheLastCharacterComesWhateverFollowsIt) {
     }
 }
 
-TEST(BpskReceiver, NoiseAddsACharacterToOneSignalInSixAtMost) {
+TEST(BpskReceiver, NoiseAddsACharacterToOneSignalInFifteenAtMost) {
     const ModemSetup setup{.mode = Mode::Bpsk, .baud = 31.25, .carrier = 1500, .rate = 8000};
     constexpr std::uint32_t signals = 60;
     std::size_t more = 0;
     for (std::uint32_t seed = 1; seed <= signals; ++seed) {
         const auto receiver = MakeReceiver(setup);
         const Audio audio = provkanal::Sänd(provkanal::Koda(setup, "TEST"), setup.rate,
-                                            {.snr = 10, .tystnad = 4, .frö = seed});
+                                            {.snr = 10, .tystnad = 2.5, .frö = seed});
         const std::string text = Heard(*receiver, audio, setup.rate);
         EXPECT_NE(text.find("TEST"), std::string::npos) << text;
         more += text.size() - 4;
     }
-    EXPECT_LE(more, signals / 6);
+    EXPECT_LE(more, signals / 15);
 }
 
 /// Seconds by which characters come later than the ends of their second zeros, at the worst.
@@ -362,7 +363,7 @@ double Latency(double baud, double rate, double snr) {
 }
 
 TEST(BpskReceiver, ACharacterIsOutHalfASecondBehindItsEnd) {
-    for (const double rate : {8000.0, 11025.0, 48000.0}) {
+    for (const double rate : {8000.0, 48000.0}) {
         EXPECT_LT(Latency(31.25, rate, 10), 0.5) << rate;
         EXPECT_LT(Latency(62.5, rate, 10), 0.3) << rate;
         EXPECT_LT(Latency(125, rate, 10), 0.25) << rate;
@@ -374,7 +375,7 @@ TEST(BpskReceiver, NoiseAlonePrintsNothingAndMovesNoCarrier) {
         const ModemSetup setup{.mode = Mode::Bpsk, .baud = baud, .carrier = 1500, .rate = 8000};
         const auto receiver = MakeReceiver(setup);
         receiver->Afc(true);
-        const std::string text = Heard(*receiver, provkanal::Brus(300, setup.rate, 5), setup.rate);
+        const std::string text = Heard(*receiver, provkanal::Brus(120, setup.rate, 5), setup.rate);
         EXPECT_LE(text.size(), 1U) << text;
         EXPECT_EQ(receiver->Carrier(), 1500);
         EXPECT_LT(receiver->Now().quality, 0.5);
@@ -388,14 +389,14 @@ TEST(BpskReceiver, SquelchOffPrintsNoise) {
     EXPECT_GT(Heard(*receiver, provkanal::Brus(60, setup.rate, 5), setup.rate).size(), 60U);
 }
 
-/// Errors in a thousand characters of contest text.
-int Errors(double baud, double snr, double off = 0, double clock = 0) {
+/// Errors in five hundred characters of contest text, or so many times that.
+int Errors(double baud, double snr, std::uint32_t times, double off = 0, double clock = 0) {
     const ModemSetup setup{.mode = Mode::Bpsk, .baud = baud, .carrier = 1500, .rate = 8000};
     ModemSetup sent = setup;
     sent.carrier += off;
     sent.baud *= 1 + clock;
     int errors = 0;
-    for (std::uint32_t seed = 1; seed <= 2; ++seed) {
+    for (std::uint32_t seed = 1; seed <= times; ++seed) {
         const std::string text = provkanal::Testtext(500, seed);
         const auto receiver = MakeReceiver(setup);
         receiver->Afc(off != 0);
@@ -407,20 +408,20 @@ int Errors(double baud, double snr, double off = 0, double clock = 0) {
 }
 
 TEST(BpskReceiver, GetsOneCharacterInAHundredWrongAtMostInTheNoiseItIsMadeFor) {
-    EXPECT_LE(Errors(31.25, -11.1), 10);
-    EXPECT_LE(Errors(62.5, -8.1), 10);
-    EXPECT_LE(Errors(125, -5.1), 10);
+    EXPECT_LE(Errors(31.25, -11.1, 2), 10);
+    EXPECT_LE(Errors(62.5, -8.1, 2), 10);
+    EXPECT_LE(Errors(125, -5.1, 2), 10);
 }
 
 TEST(BpskReceiver, LosesLessThanHalfADecibelToAWrongCarrierOrClock) {
-    EXPECT_LE(Errors(31.25, -10.8, 20), 10);
-    EXPECT_LE(Errors(31.25, -10.8, -20), 10);
-    EXPECT_LE(Errors(31.25, -10.8, 0, 0.005), 10);
-    EXPECT_LE(Errors(31.25, -10.8, 0, -0.005), 10);
+    EXPECT_LE(Errors(31.25, -10.8, 1, 20), 5);
+    EXPECT_LE(Errors(31.25, -10.8, 1, -20), 5);
+    EXPECT_LE(Errors(31.25, -10.8, 1, 0, 0.005), 5);
+    EXPECT_LE(Errors(31.25, -10.8, 1, 0, -0.005), 5);
 }
 
 TEST(BpskReceiver, TheSquelchLetsASignalThroughThatHasATenthOfItsCharactersWrong) {
-    EXPECT_LE(Errors(31.25, -13.7), 150);
+    EXPECT_LE(Errors(31.25, -13.7, 1), 75);
 }
 
 TEST(BpskReceiver, ASlipOfThePhaseCostsACharacterAndNoMore) {
