@@ -139,8 +139,7 @@ void TonePairSearch::Watch() {
     const auto best = Best();
     const bool same = best && (*best > last_ ? *best - last_ : last_ - *best) <= 1;
     stayed_ = same ? std::min(stayed_ + 1, 2 * stays) : std::max(stayed_ - 1, 0);
-    if (best && stayed_ == 0) last_ = *best;
-    if (same) last_ = *best;
+    if (best && (same || stayed_ == 0)) last_ = *best;
     current_ = same;
 }
 

@@ -33,7 +33,7 @@ constexpr double rttyAfcRange = 60;
 /// only what would spoil it, a quarter of a baud.
 constexpr double nearOff = 3, farOff = 10;
 /// A signal that is read is left for one that is so much stronger, for then it is itself.
-constexpr double clearlyStronger = 1.4;
+constexpr double muchStronger = 1.4;
 /// Part of a character's error by which AFC follows: a drift of 20 Hz a minute then lags by 0.8 Hz, and noise
 /// leaves as much. More for the first ones behind a jump, which leaves some Hz: of them a tenth is left then.
 constexpr double slowGain = 0.07, quickGain = 0.25;
@@ -164,7 +164,7 @@ private:
     /// A signal beside the carrier: go there at once.
     void Search() {
         pair_.Push(baseband_);
-        const auto offset = pair_.Offset(evidence_.Believed() ? clearlyStronger : 1);
+        const auto offset = pair_.Offset(evidence_.Believed() ? muchStronger : 1);
         if (!offset || std::abs(*offset) < (evidence_.Believed() ? farOff : nearOff)) return;
         if (std::abs(down_.Carrier() + *offset - tuned_) > rttyAfcRange) return;
         Tune(*offset);
