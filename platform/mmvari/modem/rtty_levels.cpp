@@ -28,10 +28,10 @@ constexpr double mostTone = 15;
 constexpr double leastNoise = 1e-12;
 /// Steps at the beginning that tell the noise: four bits.
 constexpr int beginning = 64;
-/// Steps in which a fall shows, as many: shorter ones would take a gap between windows for it. A fall by more
-/// than 9 dB is none of noise.
+/// Steps in which a fall shows, as many: in shorter ones noise scatters too much. Falls by less than 12 dB
+/// are those of a path that fades, and learning keeps up with them.
 constexpr int stretch = ToneLevels::fallSteps / 2;
-constexpr double mostFall = 8;
+constexpr double mostFall = 16;
 /// Tone over noise at which a signal begins to be worth printing: one character in six is wrong.
 constexpr double worth = 6;
 

@@ -24,8 +24,8 @@ constexpr double rttyPassband = 350, rttyLeastRate = 1500;
 constexpr double blockSeconds = 0.01;
 
 /// The squelch: noise gets less than -3 a character on the average, a signal of which a tenth comes through
-/// wrong gets 3. Twelve are two good characters, and noise makes them less than once in an hour.
-constexpr double enough = 12, most = 16, sure = 3, noiseRatio = 1;
+/// wrong gets 3. Thirteen and a half are two good characters, and noise makes them less than once in an hour.
+constexpr double enough = 13.5, most = 16, sure = 3, noiseRatio = 1;
 
 /// Hz from the place it was tuned to that AFC goes at most: further out lies somebody else.
 constexpr double rttyAfcRange = 60;
