@@ -92,6 +92,11 @@ void XMMVView::Draw(const MmvSpectrum& spectrum) {
         std::nth_element(sorted.begin(), middle, sorted.end());
         floor_ += (*middle - floor_) * floorGain;
     }
+    shownFrom_ = floor_;
+    // It is far above the noise, its sides too: its own upper part is its shape.
+    if (spectrum_.own && !spectrum_.line.empty())
+        shownFrom_ =
+            std::max(floor_, *std::max_element(spectrum_.line.begin(), spectrum_.line.end()) - range);
     AddRow();
     update();
 }
@@ -113,7 +118,8 @@ void XMMVView::AddRow() {
     if (rows_.isNull()) return;
     row_ = (row_ + rows_.height() - 1) % rows_.height();
     auto* const pixels = reinterpret_cast<QRgb*>(rows_.scanLine(row_));
-    for (int x = 0; x < rows_.width(); ++x) pixels[x] = Heat((LevelAt(HertzAt(x + 0.5)) - floor_) / range);
+    for (int x = 0; x < rows_.width(); ++x)
+        pixels[x] = Heat((LevelAt(HertzAt(x + 0.5)) - shownFrom_) / range);
 }
 
 int XMMVView::ScaleHeight() const { return fontMetrics().height() + 2; }
@@ -156,7 +162,7 @@ void XMMVView::PaintFft(QPainter& painter, const QRect& area) const {
     }
     QPolygonF line;
     for (int x = 0; x < width(); ++x) {
-        const float part = std::clamp((LevelAt(HertzAt(x + 0.5)) - floor_ + 5) / (range + 5), 0.0F, 1.0F);
+        const float part = std::clamp((LevelAt(HertzAt(x + 0.5)) - shownFrom_ + 5) / (range + 5), 0.0F, 1.0F);
         line << QPointF(x, area.bottom() - static_cast<double>(part) * (area.height() - 1));
     }
     painter.setPen(curve);

@@ -59,8 +59,9 @@ private:
     int bandwidth_ = 500;
     double left_ = 0;
     MmvSpectrum spectrum_;
-    float floor_ = -90; ///< dB of the noise, slowly followed
-    QImage rows_;       ///< of the waterfall, a ring: the newest is at row_
+    float floor_ = -90;     ///< dB of the noise, slowly followed
+    float shownFrom_ = -90; ///< dB that are the picture's ground
+    QImage rows_;           ///< of the waterfall, a ring: the newest is at row_
     int row_ = 0;
 };
 

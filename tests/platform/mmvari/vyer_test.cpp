@@ -140,6 +140,19 @@ TEST_F(ViewTest, WhatIsSentLeavesTheNoiseWhereItWas) {
     EXPECT_EQ(Picture().copy(0, 25, 500, 10), before.copy(0, 25, 500, 10)) << "nothing has to settle anew";
 }
 
+TEST_F(ViewTest, WhatIsSentShowsItsShapeHoweverFarAboveTheNoise) {
+    view.Bandwidth(500);
+    view.Show(Kind::Waterfall);
+    Draw(Heard({}, {2125}), 200);
+    MmvSpectrum own = Heard({2200}, {2125});
+    for (float& level : own.line) level += 40; // its sides stand where loud signals do
+    own.own = true;
+    Draw(own, 30);
+    const QImage picture = Picture();
+    EXPECT_NEAR(Brightest(picture, 30), view.PlaceOf(2200), 2);
+    EXPECT_LT(picture.pixelColor(static_cast<int>(view.PlaceOf(2000)), 30).lightness(), 80);
+}
+
 TEST_F(ViewTest, TheWaveformIsTheSoundsOwnShape) {
     view.Show(Kind::Wave);
     Draw(Heard({}, {}), 1);
