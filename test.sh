@@ -16,6 +16,7 @@ leave_out=()
 # The tests make thousands of small databases, each written through to the disk. In memory that costs nothing.
 if [ -z "${TMPDIR:-}" ] && [ "$(df --output=avail /dev/shm 2>/dev/null | tail -1)" -gt 1000000 ] 2>/dev/null; then
   TMPDIR=$(mktemp -d /dev/shm/sorvik.XXXXXX)
+  chmod 755 "$TMPDIR" # some tests play without rights
   export TMPDIR
   trap 'rm -rf "$TMPDIR"' EXIT
 fi

@@ -1,6 +1,7 @@
 #include "contest/frTest.h"
 
 #include "contest/DeladeVärden.h"
+#include "contest/Klocka.h"
 #include "contest/Löpnummer.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -255,7 +256,11 @@ void frTest::RensaBedömning() {
 }
 
 void frTest::RensaTest() {
-    txtDatum->setText(platform::Now().date().toString(QStringLiteral("yyyy-MM-dd")));
+    // The clock's own date: a contact that is saved before its next tick must not have the date of another
+    // day than its time.
+    const QDateTime nu = platform::Now();
+    txtDatum->setText(delat.KlockaPå ? contest::TestDatumText(nu, delat.OpUTCTid)
+                                     : nu.date().toString(QStringLiteral("yyyy-MM-dd")));
     txtSignal->clear();
     // A frequency that was typed or came with a spot gives way to where the radio is.
     if (delat.RadioPå) txtFrekvens->setText(frOmni::instans().Label3->text());

@@ -469,6 +469,16 @@ TEST_F(FormulärProv, ClearingEmptiesEveryFieldOfTheContact) {
     EXPECT_EQ(f.lblQSOPoäng->text(), "0");
 }
 
+TEST_F(FormulärProv, ClearingBehindMidnightKeepsTheDateOfTheClock) {
+    frTest& f = StartaLogg(1);
+    nu = QDateTime(QDate(2026, 12, 2), QTime(0, 30));
+    delat.OpUTCTid = "-1";
+    f.TestTimer_Tick();
+    ASSERT_EQ(f.txtDatum->text(), "2026-12-01");
+    f.RensaTest();
+    EXPECT_EQ(f.txtDatum->text(), "2026-12-01") << "the time that stands beside it is 23:30";
+}
+
 TEST_F(FormulärProv, ClearingTakesTheCountryAndItsColourAway) {
     frTest& f = StartaLogg(1);
     const QColor vanlig = Textfärg(f.lblQSO);
