@@ -54,7 +54,8 @@ public:
 private:
     /// A signal that stays doubtful is read all the same.
     static constexpr std::size_t longestWait = 40;
-    static constexpr double doubtful = 6;
+    static constexpr double doubtful = 6; ///< two characters of noise, or a little more, end it
+    /// A character's ratio so far below that of the last half dozen is not the same station's.
     static constexpr double lessThanUsual = 2.5, usualMemory = 6;
 
     double enough_, most_, sure_;

@@ -14,8 +14,9 @@ namespace platform::modem {
 
 namespace {
 
-/// Hz by which a signal may be off with AFC on, to be found; whole tones and a fraction are looked at, which
-/// reaches further. In tone distances, how much further the carrier follows, and at once.
+/// Hz by which a signal may be off with AFC on, to be found. The search looks at whole tones, and so somewhat
+/// further; a signal found there is read, but the carrier stays. One that was found inside and drifts out is
+/// followed, by steps of so many tone distances at most.
 constexpr double afcRange = 25, afcSlack = 0.25;
 /// Bins that the bank has in a tone's distance.
 constexpr int binsBetween = MfskTracker::fractions;
@@ -101,7 +102,8 @@ private:
         first_ = hopAt_ = 0;
         hops_ = 0;
         begin_ = length_ = symbol_;
-        off_ = 0;
+        off_ = toldOff_ = 0;
+        clockOff_ = tuneOff_ = 0;
         turn_ = {};
         tracker_ = MfskTracker();
         tracker_.Narrow(!afc_);

@@ -18,7 +18,8 @@ constexpr std::int64_t witnesses = 6;
 /// Symbols over which the amplitude is taken.
 constexpr double amplitudeMemory = 32;
 /// Symbols whose loudest says how much it can be at most, and by how much; a signal that is there is far from
-/// that. One that is so much louder has ended: 8 dB within a dozen symbols are seldom a fade.
+/// that. What was louder than the last ones by this factor has ended: 8 dB within a dozen symbols are seldom
+/// a fade.
 constexpr std::int64_t recentSymbols = 12;
 constexpr double mostOverLoudest = 1.5, ends = 2.5;
 /// Of that, which noise and neighbours make greater, the part that is the pulse's own.
@@ -119,7 +120,7 @@ void PskDemodulator::Sink(double power) {
     const double amplitude = std::sqrt(loudest);
     // What begins there is the noise behind a signal, or the pulse of another one.
     if (amplitude_ > ends * amplitude) {
-        heardFrom_ = count_ - recentSymbols;
+        heardFrom_ = std::max(heardFrom_, count_ - recentSymbols);
         evidence_.Doubt();
     }
     amplitude_ = std::min(amplitude_, mostOverLoudest * amplitude);
@@ -128,8 +129,9 @@ void PskDemodulator::Sink(double power) {
 /// Both neighbours of the symbol before are known now.
 void PskDemodulator::Weigh(double magnitude, int sign) {
     const double own = 1 + PskPulse::neighbour * lastSign_ * (secondLastSign_ + sign);
-    strength_ +=
-        (lastMagnitude_ / own - strength_) / std::min(amplitudeMemory, static_cast<double>(count_ + 1));
+    if (count_ > 0)
+        strength_ +=
+            (lastMagnitude_ / own - strength_) / std::min(amplitudeMemory, static_cast<double>(count_));
     lastMagnitude_ = magnitude;
     secondLastSign_ = lastSign_;
     lastSign_ = sign;

@@ -10,7 +10,7 @@ namespace {
 
 /// Hz to each side that are looked at: a station at the edge of the range must not be the last of the row.
 constexpr double reach = 2 * TonePairSearch::range;
-/// Places in the width of a bit's window; so many that the best of them is half a decibel down at most.
+/// Places in the width of a bit's window; so many that the best of them is a tenth of a decibel down at most.
 constexpr std::size_t placesInBaud = 8;
 /// Seconds after which a window counts 1/e.
 constexpr double memory = 0.8;
@@ -21,8 +21,9 @@ constexpr double overNoise = 2.6;
 constexpr double eachPart = 0.06;
 /// What the strongest of the row leaves between its lobes is less than this part of it.
 constexpr double lobe = 0.25;
-/// What is less than this part of the strongest is at its side.
-constexpr double side = 0.5;
+/// What is less than this part of the strongest, and rises towards it, is at its side; so is what may be the
+/// least but one of its own lobes.
+constexpr double side = 0.5, sideLobe = 0.1;
 /// Windows, half a bit each, for which a pair must stay in its place.
 constexpr int stays = 8;
 
@@ -152,8 +153,12 @@ std::optional<double> TonePairSearch::Offset(double over) const {
 }
 
 bool TonePairSearch::Beside() const {
-    const double most = Most();
-    return weight_ >= 0.3 && most >= overNoise * Floor() && Middle() < side * most;
+    const double most = Most(), middle = Middle();
+    if (weight_ < 0.3 || most < overNoise * Floor() || middle >= side * most) return false;
+    // A signal of its own falls off to both sides, whatever stands there.
+    const bool own =
+        middle > row_[side_ - placesInBaud / 2].swing && middle > row_[side_ + placesInBaud / 2].swing;
+    return middle < sideLobe * most || !own;
 }
 
 } // namespace platform::modem

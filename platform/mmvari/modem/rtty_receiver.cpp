@@ -32,7 +32,8 @@ constexpr double rttyAfcRange = 60;
 /// Hz from which on a search beats following, for it is itself right to one or two: with a signal in the ear
 /// only what would spoil it, a quarter of a baud.
 constexpr double nearOff = 3, farOff = 10;
-/// A signal that is read is left for one that is so much stronger, for then it is itself.
+/// A signal that is read is left for a place that is so much stronger, 1.5 dB: what is read from a third of a
+/// baud beside its own place is so much weaker there.
 constexpr double muchStronger = 1.4;
 /// Part of a character's error by which AFC follows: a drift of 20 Hz a minute then lags by 0.8 Hz, and noise
 /// leaves as much. More for the first ones behind a jump, which leaves some Hz: of them a tenth is left then.
@@ -71,7 +72,10 @@ public:
         down_.Carrier(tuned_);
         Forget();
     }
-    void Afc(bool on) override { afc_ = on; }
+    void Afc(bool on) override {
+        if (on && !afc_) pair_.Reset(); // what it saw before is long ago
+        afc_ = on;
+    }
     void Squelch(bool on) override { evidence_.On(on); }
     void Atc(bool on) override { levels_.Separate(atc_ = on); }
     void UnshiftOnSpace(bool on) override { decoder_.UnshiftOnSpace(on); }

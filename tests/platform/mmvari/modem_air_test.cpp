@@ -83,6 +83,40 @@ TEST_P(EachMode, AStationOutsideTheRangeMovesNoCarrier) {
         }
 }
 
+TEST(MfskAfc, ASignalThatIsTunedToIsNotLeftForWhereItWasBefore) {
+    const ModemSetup setup{.mode = Mode::MfskU, .baud = 15.625, .carrier = 1500, .rate = rate};
+    ModemSetup sent = setup;
+    sent.carrier = 1503.5;
+    const Audio audio =
+        provkanal::Sänd(provkanal::Koda(sent, provkanal::Testtext(120, 5)), rate, {.snr = 10});
+    const auto receiver = MakeReceiver(setup);
+    receiver->Afc(true);
+    std::string text;
+    const auto half = audio.size() / 2, piece = static_cast<std::size_t>(rate / 50);
+    receiver->Receive(std::span(audio).first(half), text);
+    ASSERT_NEAR(receiver->Carrier(), 1503.5, 1);
+    receiver->Carrier(1503.5);
+    for (std::size_t i = half; i + piece <= audio.size() - static_cast<std::size_t>(rate); i += piece) {
+        receiver->Receive(std::span(audio).subspan(i, piece), text);
+        ASSERT_NEAR(receiver->Carrier(), 1503.5, 1) << static_cast<double>(i) / rate;
+    }
+}
+
+TEST(RttyAfc, ADriftIsFollowedBesideALouderStation) {
+    const ModemSetup own{.mode = Mode::RttyL, .baud = 45.45, .carrier = 1500, .rate = rate};
+    ModemSetup other = own;
+    other.carrier = 1578;
+    const std::string text = provkanal::Testtext(450, 11);
+    Audio both = provkanal::Koda(own, text);
+    const double seconds = Seconds(both);
+    Mix(both, provkanal::Koda(other, provkanal::Testtext(440, 12)), 2, 3);
+    // The whole band drifts: it is the receiver that does.
+    const Audio audio = provkanal::Sänd(both, rate, {.snr = 25, .drift = 20});
+    const Heard heard = Hear(own, audio);
+    EXPECT_NEAR(heard.carrier, 1500 + seconds / 60 * 20, 4);
+    EXPECT_LE(provkanal::Fel(text, heard.text), 10);
+}
+
 TEST_P(EachMode, ASteadyToneBesideASignalDoesNotKeepTheCarrier) {
     const std::string text = provkanal::Testtext(20, 4);
     const Audio signal = provkanal::Koda(At(), "RYRYRY " + text);
