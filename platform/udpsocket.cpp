@@ -20,7 +20,7 @@ constexpr qint64 kDatagramTurn = 5;
 constexpr int kHeldTurn = 50;
 
 /// Bytes. Hours of what a talkative program sends, in case a message stands so long.
-constexpr qsizetype kMostWaiting = 16 * 1024 * 1024;
+constexpr qsizetype kMostWaiting = qsizetype{16} * 1024 * 1024;
 
 } // namespace
 
